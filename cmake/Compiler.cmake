@@ -28,7 +28,9 @@ add_library(morvane::warnings ALIAS morvane_warnings)
 target_compile_options(morvane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Wswitch-enum
-  -Wno-missing-field-initializers)
+  -Wno-missing-field-initializers
+  # libstdc++ 12 calls its own deprecated get_temporary_buffer from stable_sort.
+  -Wno-deprecated-declarations)
 
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT APPLE)
   find_program(LLD_PROGRAM NAMES ld.lld-19 ld.lld)
