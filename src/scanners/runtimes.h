@@ -9,6 +9,8 @@
 
 namespace morvane::CleanupScanner {
 
+inline constexpr const char* simulatorTool = "/usr/bin/xcrun";
+
 // One simulator runtime as the simulator tool reports it.
 struct Runtime {
     std::string id;
