@@ -15,6 +15,7 @@ struct PropertyListLimits {
     static constexpr std::size_t levels = 512;      // dictionaries and arrays inside one another
     static constexpr std::size_t objects = 200000;  // keys count as well
     static constexpr std::size_t text = std::size_t{64} << 20;  // bytes of texts and data
+    static constexpr std::size_t comparisons = 16000000;        // of keys, see dictionary_work.h
 };
 
 enum class PropertyListForm : std::uint8_t { binary, xml };

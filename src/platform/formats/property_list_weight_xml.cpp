@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
+#include "platform/formats/dictionary_work.h"
 #include "platform/formats/property_list_weight.h"
 
 namespace morvane {
@@ -42,7 +44,15 @@ public:
     }
 
 private:
-    [[nodiscard]] bool inLeaf() const { return !open_.empty() && isOneOf(open_.back(), leaves); }
+    struct Element {
+        std::string_view name;
+        std::size_t start = 0;  // of what it holds
+        DictionaryWork work = {};
+    };
+
+    [[nodiscard]] bool inLeaf() const {
+        return !open_.empty() && isOneOf(open_.back().name, leaves);
+    }
 
     // Moves past the next `end`, which stands `from` bytes further on at the earliest.
     bool skip(std::size_t from, std::string_view end) {
@@ -64,9 +74,14 @@ private:
     }
 
     bool close() {
-        if (!skipPlain(2, ">") || open_.empty() || open_.back() != passedName()) return false;
+        const std::size_t end = at_;
+        if (!skipPlain(2, ">") || open_.empty() || open_.back().name != passedName()) return false;
+        const Element closed = std::move(open_.back());
         open_.pop_back();
-        return true;
+        if (closed.name == "key" && !open_.empty()) {
+            work_ += open_.back().work.add(bytes_.substr(closed.start, end - closed.start));
+        }
+        return work_ <= PropertyListLimits::comparisons;
     }
 
     bool open() {
@@ -78,15 +93,16 @@ private:
         if (passed_.ends_with('/')) return true;
         // The list itself and one leaf stand beside the levels.
         if (open_.size() > PropertyListLimits::levels + (isLeaf ? 1 : 0)) return false;
-        open_.push_back(name);
+        open_.push_back({name, at_});
         return true;
     }
 
     std::string_view bytes_;
     std::size_t at_ = 0;
     std::size_t objects_ = 0;
+    std::size_t work_ = 0;
     std::string_view passed_;  // between the start and the end of the markup last moved past
-    std::vector<std::string_view> open_;
+    std::vector<Element> open_;
 };
 
 }  // namespace
