@@ -1,0 +1,100 @@
+#include <algorithm>
+#include <utility>
+
+#include "core/app_state.h"
+#include "model/path_text.h"
+#include "platform/formats/uuid.h"
+#include "platform/remover.h"
+#include "removal/put_back.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr std::size_t mostEntries = 10;
+
+std::map<std::string, std::string> textsOf(const MovedItems& moved) {
+    std::map<std::string, std::string> texts;
+    for (const auto& [original, inTrash] : moved) {
+        texts.emplace(pathText(original), pathText(inTrash));
+    }
+    return texts;
+}
+
+// Whether one of the moved items is a key of `trashed`.
+bool sharesAnItem(const MovedItems& moved, const std::map<std::string, std::string>& trashed) {
+    return std::any_of(moved.begin(), moved.end(),
+                       [&](const auto& pair) { return trashed.contains(pathText(pair.first)); });
+}
+
+}  // namespace
+
+void AppState::recordSweep(const std::string& summary, const MovedItems& trashed) {
+    HistoryEntry entry{makeUUID(), now(), summary, textsOf(trashed), false};
+    const AnimatedChange animated(store_);
+    history.update([&](std::vector<HistoryEntry>& entries) {
+        entries.insert(entries.begin(), std::move(entry));
+        if (entries.size() > mostEntries) entries.resize(mostEntries);
+    });
+}
+
+HistoryState AppState::historyState(const HistoryEntry& entry) const {
+    return morvane::historyState(entry, platform().files);
+}
+
+void AppState::restore(const HistoryEntry& entry) {
+    std::vector<HistoryEntry> entries = *history;
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [&](const HistoryEntry& each) { return each.id == entry.id; });
+    if (found == entries.end()) return;
+    const std::map<std::string, std::string> former = found->trashed;
+    const PutBackOutcome outcome = putBack(former, platform().files, needs_.remover);
+    if (outcome.moved == 0 && outcome.remaining.empty()) {
+        // Everything had gone from the Trash: the row is only to be drawn anew.
+        history.setAndRedraw(std::move(entries));
+        return;
+    }
+    found->trashed = outcome.remaining;
+    found->restored = outcome.remaining.empty();
+    {
+        const AnimatedChange animated(store_);
+        // A row also draws what the disk says of it, which has changed even where the entry has
+        // not.
+        history.setAndRedraw(std::move(entries));
+    }
+    restoreProblem.update([&](std::map<std::string, std::string>& problems) {
+        problems.erase(entry.id);
+        if (auto words = putBackProblemWords(outcome)) {
+            problems.emplace(entry.id, std::move(*words));
+        }
+    });
+    appsScannedAt = std::nullopt;
+    filesScannedAt = std::nullopt;
+    storageScannedAt = std::nullopt;
+    if (sharesAnItem(*menuBarTrashed, former)) {
+        menuBarTrashed = MovedItems{};
+        menuBarPhase.setIfDifferent(MenuBarPhase::idle);
+    }
+    refreshFreeSpace();
+}
+
+void AppState::undoMenuBarSweep() {
+    const MovedItems moved = *menuBarTrashed;
+    // Failures are left aside, and what stands in the way makes the move itself fail.
+    static_cast<void>(putBack(textsOf(moved), platform().files, needs_.remover));
+    std::vector<HistoryEntry> entries = *history;
+    const auto found = std::find_if(entries.begin(), entries.end(), [&](const HistoryEntry& entry) {
+        return sharesAnItem(moved, entry.trashed);
+    });
+    if (found != entries.end()) {
+        found->restored = true;
+        history = std::move(entries);
+    }
+    menuBarTrashed = MovedItems{};
+    menuBarSweptMB = 0;
+    menuBarPhase = MenuBarPhase::idle;
+    refreshFreeSpace();
+    scope_.start(runCrumbs(shared_from_this()));
+}
+
+}  // namespace morvane
