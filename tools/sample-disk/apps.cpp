@@ -64,7 +64,7 @@ void planBundle(Plan& disk, const App& app) {
     disk.file(contents + "MacOS/" + name, {.amount = app.megabytes * 0.2, .atLeast = 0.02}, days);
     planFramework(disk, contents, app, days);
     const std::uint64_t variety = disk.random("icon of " + name).next() % 48;
-    disk.text(contents + "Resources/AppIcon.icns", iconFile(variety, app.megabytes > 50), days);
+    disk.text(contents + "Resources/AppIcon.icns", iconFile(variety, app.megabytes > 85), days);
     disk.file(contents + "Resources/Assets.car", {.amount = app.megabytes * 0.25}, days);
     for (const std::string_view language : {"en", "de", "zh-Hans", "ar"}) {
         disk.file(contents + "Resources/" + std::string(language) + ".lproj/Localizable.strings",

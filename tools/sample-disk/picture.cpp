@@ -68,13 +68,23 @@ void appendNumber(std::string& bytes, std::uint32_t value) {
     }
 }
 
+/// The remainders of every byte, for the checksum of a chunk.
+constexpr std::array<std::uint32_t, 256> remainders = [] {
+    std::array<std::uint32_t, 256> table{};
+    for (std::uint32_t byte = 0; byte < table.size(); ++byte) {
+        std::uint32_t value = byte;
+        for (int bit = 0; bit < 8; ++bit) {
+            value = (value >> 1U) ^ ((value & 1U) != 0 ? 0xedb88320U : 0U);
+        }
+        table[byte] = value;
+    }
+    return table;
+}();
+
 std::uint32_t checksumOf(std::string_view bytes) {
     std::uint32_t sum = 0xffffffffU;
     for (const char letter : bytes) {
-        sum ^= static_cast<unsigned char>(letter);
-        for (int bit = 0; bit < 8; ++bit) {
-            sum = (sum >> 1U) ^ ((sum & 1U) != 0 ? 0xedb88320U : 0U);
-        }
+        sum = (sum >> 8U) ^ remainders[(sum ^ static_cast<unsigned char>(letter)) & 0xffU];
     }
     return ~sum;
 }

@@ -106,6 +106,7 @@ void planSystemFolders(Mac& mac) {
     disk.list("/System/Library/CoreServices/SystemVersion.plist", system, ListForm::xml, 60);
     disk.text("/private/etc/hosts", "127.0.0.1\tlocalhost\n", 700);
     disk.folderOfAge("/private/tmp", 1);
+    disk.folderOfAge("/sbin", 60);
     disk.text("/Users/.localized", "", 760);
     disk.folderOfAge("/Users/Guest", 760);
     disk.text("/opt/local/README", "left by another package manager\n", 650);

@@ -131,12 +131,12 @@ void planPictures(Plan& disk) {
         disk.file(photos + "originals/" + name.substr(0, 1) + "/" + name + ".heic",
                   {.amount = 1.2, .atLeast = 0.01}, static_cast<double>(random.between(1, 900)));
     }
-    for (int number = 1; number <= 24; ++number) {
+    for (int number = 1; number <= 14; ++number) {
         const std::string index = std::to_string(number);
         const double days = number * 17.0;
         const Moment taken = disk.ago("shot " + index, days);
         const std::string picture =
-            encodePng(drawScene(144, 90, disk.random("scene " + index).next()));
+            encodePng(drawScene(128, 80, disk.random("scene " + index).next()));
         disk.text(inHome("Desktop/Screenshot " + dayText(taken) + " at 14.0" +
                          std::to_string(number % 10) + "." + std::to_string(10 + number) + ".png"),
                   picture, days);
