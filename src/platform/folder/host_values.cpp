@@ -25,10 +25,12 @@ Wrong must(const HostValue& value, std::string_view be) {
 
 // A path as the key of an object.
 Wrong readName(const std::string& text, const HostValue& of, std::filesystem::path& into) {
-    into = pathFromText(text);
-    if (!into.is_absolute() || into.native().find('\0') != std::string::npos) {
+    const std::filesystem::path path = pathFromText(text);
+    if (!path.is_absolute() || path.native().find('\0') != std::string::npos) {
         return must(of, "an absolute path, where it names an entry");
     }
+    // Entries are looked up by their path without a slash at its end.
+    into = standardised(path);
     return {};
 }
 
