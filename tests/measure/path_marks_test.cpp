@@ -1,0 +1,37 @@
+#include "measure/path_marks.h"
+
+#include <gtest/gtest.h>
+
+namespace morvane {
+namespace {
+
+TEST(PathMarks, AreFoundOneNameAtATime) {
+    const MarkedPaths marked("/Users", {"/Users/sam/Library/Mail", "/Users/sam/Desktop"});
+    const PathMarks users = marked.marks();
+    EXPECT_FALSE(users.contains("sam"));
+    const PathMarks sam = users.below("sam");
+    EXPECT_TRUE(sam.contains("Desktop"));
+    EXPECT_FALSE(sam.contains("Library"));
+    EXPECT_TRUE(sam.below("Library").contains("Mail"));
+    EXPECT_TRUE(sam.below("Desktop").isEmpty());
+}
+
+TEST(PathMarks, DoNotTakeANameForALongerOne) {
+    const PathMarks marks = MarkedPaths("/a", {"/a/Foo/x"}).marks();
+    EXPECT_TRUE(marks.below("Fo").isEmpty());
+    EXPECT_TRUE(marks.below("Foobar").isEmpty());
+    EXPECT_TRUE(marks.below("Foo").contains("x"));
+}
+
+TEST(PathMarks, LeaveOutWhatDoesNotLieBelow) {
+    EXPECT_TRUE(MarkedPaths("/a/b", {"/a", "/a/b", "/a/bc", "/d"}).marks().isEmpty());
+}
+
+TEST(PathMarks, CompareStandardPaths) {
+    const PathMarks marks = MarkedPaths("/a/./b/", {"/a//b/c/../d/"}).marks();
+    EXPECT_TRUE(marks.contains("d"));
+    EXPECT_TRUE(MarkedPaths("/", {"/opt"}).marks().contains("opt"));
+}
+
+}  // namespace
+}  // namespace morvane
