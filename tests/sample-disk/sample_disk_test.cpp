@@ -63,6 +63,18 @@ TEST(SampleDisk, HasTheSameBenchmarkTreeForOneSeedAndMoment) {
     EXPECT_TRUE(treeOf(folder.path() / "first") == treeOf(folder.path() / "second"));
 }
 
+TEST(SampleDisk, HasTheSameModesUnderAnotherUmask) {
+    const TemporaryFolder folder;
+    makeSmallDisk(folder.path() / "usual", {"--entries", "7000"});
+    const Ending ending = run({"/bin/sh", "-c", "umask 077; exec \"$0\" \"$@\"",
+                               MORVANE_SAMPLE_DISK, folder.path() / "strict", "--size=50M",
+                               "--now=2026-11-21T12:00:00Z", "--entries=7000"});
+    ASSERT_EQ(ending.status, 0) << ending.errors;
+    auto usual = treeOf(folder.path() / "usual");
+    auto strict = treeOf(folder.path() / "strict");
+    EXPECT_TRUE(usual == strict);
+}
+
 TEST(SampleDisk, CountsEveryAgeFromTheMoment) {
     const TemporaryFolder folder;
     makeSmallDisk(folder.path() / "now");

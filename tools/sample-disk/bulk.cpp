@@ -117,7 +117,7 @@ private:
         }
         --left_;
         const Descriptor made(openFolder(parent, name));
-        if (!made.isOpen() || ::fchmod(made.number(), 0755) != 0) {
+        if (!made.isOpen()) {
             return false;
         }
         const bool filled = slash == std::string::npos
@@ -147,7 +147,7 @@ private:
             static constexpr std::array<char, 4'096> zeros{};
             const Descriptor made(
                 ::openat(parent, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
-            if (!made.isOpen() || ::fchmod(made.number(), 0644) != 0 ||
+            if (!made.isOpen() ||
                 ::write(made.number(), zeros.data(), static_cast<std::size_t>(bytes)) != bytes) {
                 return false;
             }

@@ -21,7 +21,7 @@ struct BulkTree {
 void planBulkPlaces(Plan& plan);
 
 /// Makes exactly `tree.entries` entries below the folder open as `root`, by descriptors and last
-/// names alone. One line about what went wrong, or nothing.
+/// names alone; the process must have no umask. One line about what went wrong, or nothing.
 [[nodiscard]] std::optional<std::string> growBulk(int root, const BulkTree& tree);
 
 }  // namespace morvane::sample

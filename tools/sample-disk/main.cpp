@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <iostream>
 #include <string>
+#include <sys/stat.h>
 #include <variant>
 #include <vector>
 
@@ -83,6 +84,7 @@ int makeDisk(const Options& options) {
 
 int main(int count, char** values) {
     using namespace morvane::sample;
+    ::umask(0);  // modes are part of the disk, whoever makes it
     const auto parsed = parseOptions(std::vector<std::string>(values + 1, values + count));
     if (const auto* problem = std::get_if<std::string>(&parsed)) {
         return complain(wrongUse, *problem);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "mac.h"
 #include "picture.h"
@@ -64,6 +65,24 @@ constexpr std::array pieces{
     Piece{"Movies/from the future.mp4", 120, -40, Trace::unknown},
 };
 
+/// Documents and machines that are folders: the store knows them by the folder.
+struct Bundle {
+    std::string_view path;  ///< under the home folder
+    double usedDays;        ///< below 0: an item without a date of last use
+};
+
+constexpr std::array bundles{
+    Bundle{"Movies/Sabbatical.fcpbundle", 425},
+    Bundle{"Movies/Birthday.imovielibrary", -1},
+    Bundle{"Virtual Machines/Debian.utm", 120},
+    Bundle{"Virtual Machines/Windows 11.vmwarevm", 580},
+    Bundle{"Parallels/Ubuntu.pvm", 400},
+    Bundle{"Documents/Old Laptop.sparsebundle", -1},
+    Bundle{"Music/Night Train.logicx", 150},
+    Bundle{"Music/Demo.band", 880},
+    Bundle{"Documents/Talks/All hands.key", 370},
+};
+
 struct Download {
     std::string_view name;
     double megabytes;
@@ -122,6 +141,17 @@ void planPiece(Mac& mac, const Piece& piece) {
     }
 }
 
+void planBundle(Mac& mac, const Bundle& bundle) {
+    const std::string path = inHome(bundle.path);
+    const Moment added = mac.disk.ago("arrival of " + path, 900);
+    MetadataItem item{.path = path, .lastUsed = {}, .added = added};
+    if (bundle.usedDays >= 0) {
+        item.lastUsed = mac.disk.ago("use of " + path, bundle.usedDays);
+    }
+    mac.host.metadata.push_back(std::move(item));
+    mac.host.dates.push_back({.path = path, .added = added, .created = added});
+}
+
 void planPictures(Plan& disk) {
     const std::string photos = inHome("Pictures/Photos Library.photoslibrary/");
     disk.file(photos + "database/Photos.sqlite", {.amount = 24}, 0.6);
@@ -152,6 +182,9 @@ void planUserFiles(Mac& mac) {
     disk.folder(std::string(library), 0700);
     for (const Piece& piece : pieces) {
         planPiece(mac, piece);
+    }
+    for (const Bundle& bundle : bundles) {
+        planBundle(mac, bundle);
     }
     for (const Download& download : downloads) {
         disk.file(inHome("Downloads/" + std::string(download.name)),
