@@ -1,19 +1,13 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string_view>
 
-namespace morvane {
+#include "platform/formats/json_weight.h"
 
-// What a JSON text may weigh.
-struct JSONLimits {
-    static constexpr std::size_t bytes = std::size_t{64} << 20;
-    static constexpr std::size_t levels = 64;  // objects and arrays inside one another
-    static constexpr std::size_t values = 8000000;
-};
+namespace morvane {
 
 // A parsed JSON text, to be read into records by json_fields.h. The tree is never copied, compared
 // or dumped: the library recurses there.
@@ -33,7 +27,8 @@ private:
 
 // Parses one JSON text (RFC 8259) from outside, a byte order mark before it passed over. Nothing
 // when it is malformed, is not UTF-8, holds a number beyond a double, has anything after its end,
-// or is beyond the limits. Where an object names a key twice, the later value counts. Any thread.
+// or is beyond JSONLimits. Where an object names a key twice, the later value
+// counts. Any thread.
 [[nodiscard]] std::optional<JSONDocument> readJSON(std::string_view text);
 
 }  // namespace morvane

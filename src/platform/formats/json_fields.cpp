@@ -24,14 +24,15 @@ std::optional<bool> asBoolean(const nlohmann::json& value) {
 
 std::optional<std::int64_t> asInteger(const nlohmann::json& value) {
     constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-    constexpr double beyond = 9223372036854775808.0;  // 2^63, the first double too large
+    constexpr double beyond = 9223372036854775808.0;  // 2^63
     if (const auto* positive = value.get_ptr<const nlohmann::json::number_unsigned_t*>()) {
         if (*positive > static_cast<std::uint64_t>(most)) return std::nullopt;
         return static_cast<std::int64_t>(*positive);
     }
     if (const auto* whole = value.get_ptr<const nlohmann::json::number_integer_t*>()) return *whole;
     if (const auto* real = value.get_ptr<const nlohmann::json::number_float_t*>()) {
-        if (*real >= -beyond && *real < beyond && std::trunc(*real) == *real) {
+        // -2^63 itself is read as an integer; as a double it stands for what lies beyond too.
+        if (*real > -beyond && *real < beyond && std::trunc(*real) == *real) {
             return static_cast<std::int64_t>(*real);
         }
     }

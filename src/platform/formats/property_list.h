@@ -28,8 +28,8 @@ struct PropertyList {
     };
     using Array = std::vector<PropertyList>;
     using Dictionary = std::map<std::string, PropertyList>;
-    // std::monostate stands for what was there but could not be held: a text that is not UTF-8 or
-    // has a NUL in it, a date outside the years 1678 to 2261. std::uint64_t holds an integer beyond
+    // std::monostate stands for what was there but could not be held: a text that is not UTF-8, a
+    // date outside the years 1678 to 2261. std::uint64_t holds an integer beyond
     // std::int64_t, and no other.
     using Value = std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double,
                                std::string, Instant, Data, Reference, Array, Dictionary>;
@@ -57,7 +57,8 @@ struct PropertyList {
 
 // Reads a property list, XML or binary, from outside. Nothing when it is malformed or heavier than
 // property_list_weight.h allows. Dates are to the microsecond. Where a dictionary names a key
-// twice, the later value counts; a key that is not UTF-8 is left out. Any thread.
+// twice, the later value counts; a key that is not UTF-8 is left out. A text, and a key, ends at
+// the first NUL in it. Any thread.
 [[nodiscard]] std::optional<PropertyList> readPropertyList(std::string_view bytes);
 
 // The binary form, as the platform's own tools read it; dates keep their microseconds. Values that

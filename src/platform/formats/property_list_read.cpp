@@ -42,8 +42,9 @@ PropertyList::Value textValue(plist_t node) {
     std::uint64_t length = 0;
     const char* start = plist_get_string_ptr(node, &length);
     if (!start) return std::string();
-    const std::string_view text(start, length);
-    if (text.find('\0') != std::string_view::npos || !isUTF8(text)) return std::monostate();
+    std::string_view text(start, length);
+    text = text.substr(0, text.find('\0'));
+    if (!isUTF8(text)) return std::monostate();
     return std::string(text);
 }
 

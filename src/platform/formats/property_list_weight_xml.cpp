@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/formats/dictionary_work.h"
+#include "platform/formats/property_list_leaf.h"
 #include "platform/formats/property_list_weight.h"
 
 namespace morvane {
@@ -78,9 +79,9 @@ private:
         if (!skipPlain(2, ">") || open_.empty() || open_.back().name != passedName()) return false;
         const Element closed = std::move(open_.back());
         open_.pop_back();
-        if (closed.name == "key" && !open_.empty()) {
-            work_ += open_.back().work.add(bytes_.substr(closed.start, end - closed.start));
-        }
+        const std::string_view content = bytes_.substr(closed.start, end - closed.start);
+        if (!isSoundLeaf(closed.name, content)) return false;
+        if (closed.name == "key" && !open_.empty()) work_ += open_.back().work.add(content);
         return work_ <= PropertyListLimits::comparisons;
     }
 
