@@ -136,7 +136,12 @@ private:
             if (!reopen(levels_.back(), done)) return false;
             parent = levels_.back().folder.get();
         }
-        if (calls_.removeFolder(parent, done.name) != 0 && errno != ENOENT) note(errno, done.name);
+        if (calls_.removeFolder(parent, done.name) == 0) {
+            // The item itself is gone, so whatever failed on the way is of no account.
+            if (levels_.empty()) first_.reset();
+        } else if (errno != ENOENT) {
+            note(errno, done.name);
+        }
         return true;
     }
 

@@ -18,13 +18,11 @@ Result<RemovalRules> RemovalRules::read(RemovalCalls& calls, const DiskRoot& dis
 
 Result<ItemFacts> RemovalRules::examine(const Place& place,
                                         const std::filesystem::path& path) const {
+    const std::string canonical = place.canonicalPath();
+    if (protected_.covers(path.native()) || protected_.covers(canonical)) return refusal(path);
     Result<ItemFacts> item = lookAt(*calls_, place.folder.get(), place.name);
     if (!item.ok()) return at(item.failure(), path);
-    const std::string canonical = place.canonicalPath();
-    if (protected_.covers(path.native()) || protected_.covers(canonical) ||
-        protected_.covers(*item)) {
-        return refusal(path);
-    }
+    if (protected_.covers(*item)) return refusal(path);
     const Result<ItemFacts> folder = lookAt(*calls_, place.folder.get(), "");
     if (!folder.ok()) return at(folder.failure(), path);
     if (item->isMountRoot || item->mount != folder->mount || limits_.holdsMount(canonical)) {
