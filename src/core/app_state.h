@@ -49,6 +49,7 @@ public:
     void drop();
     // Whether every task has ended.
     [[nodiscard]] bool isIdle() const { return scope_.isEmpty(); }
+    [[nodiscard]] std::size_t tasksAtWork() const { return scope_.size(); }
     // Whether something is on its way into the Trash or off the disk.
     [[nodiscard]] bool isRemoving() const;
 

@@ -32,7 +32,7 @@ public:
     // beyond the tool's own end.
     [[nodiscard]] virtual std::optional<ToolResult> run(const std::filesystem::path& executable,
                                                         const std::vector<std::string>& arguments,
-                                                        std::optional<std::chrono::seconds> limit,
+                                                        std::optional<std::chrono::milliseconds> limit,
                                                         const StopToken& token) const = 0;
 
     // The user's id as launchd counts domains.

@@ -85,6 +85,8 @@ public:
     void cancel();
     // Whether every task that was started has ended.
     [[nodiscard]] bool isEmpty() const { return state_->live.empty(); }
+    // How many of them have not.
+    [[nodiscard]] std::size_t size() const { return state_->live.size(); }
     [[nodiscard]] Runtime runtime() const { return state_->runtime; }
 
 private:

@@ -38,7 +38,7 @@ public:
 
     // Runs a tool without arguments.
     [[nodiscard]] std::optional<ToolResult> run(
-        const std::string& path, std::optional<std::chrono::seconds> limit = std::nullopt,
+        const std::string& path, std::optional<std::chrono::milliseconds> limit = std::nullopt,
         const StopToken& token = {}) {
         return processes_->run(path, {}, limit, token);
     }

@@ -59,7 +59,7 @@ DiskProcesses::DiskProcesses(const DiskRoot& root, std::filesystem::path disk, E
 
 std::optional<ToolResult> DiskProcesses::run(const std::filesystem::path& executable,
                                              const std::vector<std::string>& arguments,
-                                             std::optional<std::chrono::seconds> limit,
+                                             std::optional<std::chrono::milliseconds> limit,
                                              const StopToken& token) const {
     const Pool::Blocking blocking;
     const StopToken closing = closing_.get_token();

@@ -21,7 +21,7 @@ public:
     // Nothing too where `token` says stop already, or everything was ended.
     [[nodiscard]] std::optional<ToolResult> run(const std::filesystem::path& executable,
                                                 const std::vector<std::string>& arguments,
-                                                std::optional<std::chrono::seconds> limit,
+                                                std::optional<std::chrono::milliseconds> limit,
                                                 const StopToken& token) const override;
 
     [[nodiscard]] unsigned userID() const override;

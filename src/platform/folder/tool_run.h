@@ -18,7 +18,7 @@ public:
 
     // What else than the tool itself may end the run.
     struct Reasons {
-        std::optional<std::chrono::seconds> limit;
+        std::optional<std::chrono::milliseconds> limit;
         const StopToken& unwanted;  // asks the tool to end, in the usual way
         const StopToken& closing;   // the program ends: little time is left to the tool
         int wakeUp = -1;            // an event counter, written to when a token has changed
