@@ -44,7 +44,10 @@ Probe FakeFiles::probe(const Path& path) const {
     ask("probe", path);
     const std::lock_guard lock(mutex_);
     const Result<FakeNode*> found = findReadable(path);
-    if (found.ok()) return Probe::opened;
+    if (found.ok()) {
+        const bool isOther = (*found)->currentAttributes().kind == EntryKind::other;
+        return isOther ? Probe::failed : Probe::opened;
+    }
     return found.failure().kind == Failure::Kind::notAllowed ? Probe::refused : Probe::failed;
 }
 

@@ -13,7 +13,9 @@ namespace morvane::folder {
 // `disk` and `host` outlive this.
 class DiskFileSystem : public FileSystem {
 public:
-    DiskFileSystem(const DiskRoot& disk, const HostAnswers& host) : disk_(disk), host_(host) {}
+    DiskFileSystem(const DiskRoot& disk, const HostAnswers& host,
+                   int extraThreads = WalkThreads::forThisMachine())
+        : disk_(disk), host_(host), threads_(extraThreads) {}
 
     [[nodiscard]] Result<Attributes> attributes(const std::filesystem::path& path) const override;
     [[nodiscard]] Presence presence(const std::filesystem::path& path) const override;

@@ -5,8 +5,9 @@
 
 namespace morvane::folder {
 
-WalkThreads::WalkThreads()
-    : WalkThreads(static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, 8U)) - 1) {}
+int WalkThreads::forThisMachine() {
+    return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, 8U)) - 1;
+}
 
 bool WalkThreads::tryTake() {
     int free = free_.load(std::memory_order_relaxed);

@@ -14,12 +14,12 @@
 
 namespace morvane::folder {
 
-// The extra threads that all walks of one file system share: one for each core but the first, at
-// most seven. Any thread.
+// The extra threads that all walks of one file system share. Any thread.
 class WalkThreads {
 public:
-    WalkThreads();
     explicit WalkThreads(int extra) : free_(extra) {}
+    // One for each core but the first, at most seven.
+    [[nodiscard]] static int forThisMachine();
 
     [[nodiscard]] bool areFree() const { return free_.load(std::memory_order_relaxed) > 0; }
     [[nodiscard]] bool tryTake();
