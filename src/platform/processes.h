@@ -30,10 +30,9 @@ public:
     // 64 MiB, or when `token` says stop, it is asked to end, and two seconds later its whole group
     // is ended; its status is then not 0. A child that holds the pipe is waited for one second
     // beyond the tool's own end.
-    [[nodiscard]] virtual std::optional<ToolResult> run(const std::filesystem::path& executable,
-                                                        const std::vector<std::string>& arguments,
-                                                        std::optional<std::chrono::milliseconds> limit,
-                                                        const StopToken& token) const = 0;
+    [[nodiscard]] virtual std::optional<ToolResult> run(
+        const std::filesystem::path& executable, const std::vector<std::string>& arguments,
+        std::optional<std::chrono::milliseconds> limit, const StopToken& token) const = 0;
 
     // The user's id as launchd counts domains.
     [[nodiscard]] virtual unsigned userID() const = 0;

@@ -27,7 +27,8 @@ constexpr auto askEvery = 20ms;
 ToolRun::ToolRun(StartedTool tool, const Reasons& reasons)
     : tool_(std::move(tool)), reasons_(reasons), buffer_(std::size_t{64} << 10) {
     if (reasons.limit && *reasons.limit < longestLimit) {
-        deadline_ = Clock::now() + std::max<Clock::duration>(*reasons.limit, Clock::duration::zero());
+        deadline_ =
+            Clock::now() + std::max<Clock::duration>(*reasons.limit, Clock::duration::zero());
     }
 }
 
