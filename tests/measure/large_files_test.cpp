@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "measure/memory_mac.h"
+#include "measure/disk_tree.h"
 
 namespace morvane {
 namespace {
@@ -12,8 +12,9 @@ using std::chrono::days;
 using test::file;
 using test::folder;
 using test::link;
-using test::MemoryMac;
 using test::package;
+using test::TreeMac;
+using test::unreadable;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -21,8 +22,8 @@ using testing::IsEmpty;
 constexpr std::int64_t MB = 1'000'000;
 constexpr Instant now{std::chrono::seconds{1'800'000'000}};
 
-MemoryMac home(std::vector<test::Item> items) {
-    return MemoryMac({folder("Users", {folder("sam", std::move(items))})});
+TreeMac home(std::vector<test::Item> items) {
+    return TreeMac({folder("Users", {folder("sam", std::move(items))})});
 }
 
 std::vector<LargeFile> scan(const Platform& platform, const std::filesystem::path& root,
@@ -36,29 +37,39 @@ std::vector<std::string> paths(const std::vector<LargeFile>& files) {
     return result;
 }
 
+class RecordingMetadata : public fakes::FakeMetadata {
+public:
+    mutable std::vector<std::string> asked;
+
+    [[nodiscard]] std::optional<Item> item(const std::filesystem::path& path) const override {
+        asked.push_back(path.native());
+        return FakeMetadata::item(path);
+    }
+};
+
 class LargeFiles : public testing::Test {
 protected:
     // What a scan of the folder "/d" that holds `items` finds, by path.
     std::vector<std::string> found(std::vector<test::Item> items,
                                    const std::vector<std::filesystem::path>& ignored = {}) {
-        const MemoryMac mac({folder("d", std::move(items))});
-        return paths(scan(mac.platform(), "/d", ignored));
+        const TreeMac mac({folder("d", std::move(items))});
+        return paths(scan(mac.platform, "/d", ignored));
     }
 };
 
 TEST(LargeFileRoots, AreTheItemsOfTheHomeFolderButForTheSystemsOwn) {
-    const MemoryMac mac({folder(
+    const TreeMac mac({folder(
         "Users", {folder("sam", {folder("Library", {}), folder("Movies", {}), file("a.iso", 1),
                                  folder("Applications", {}), folder(".ssh", {}),
-                                 with(file("b", 1), [](auto& it) { it.isHidden = true; }),
+                                 with(file("b", 1), [](Attributes& it) { it.isHidden = true; }),
                                  folder("library", {})})})});
-    EXPECT_THAT(largeFileRoots(mac.platform()),
+    EXPECT_THAT(largeFileRoots(mac.platform),
                 ElementsAre("/Users/sam/Movies", "/Users/sam/a.iso", "/Users/sam/library"));
 }
 
 TEST(LargeFileRoots, AreNoneWhereTheHomeFolderCannotBeListed) {
-    const MemoryMac mac;
-    EXPECT_THAT(largeFileRoots(mac.platform()), IsEmpty());
+    const TreeMac mac;
+    EXPECT_THAT(largeFileRoots(mac.platform), IsEmpty());
 }
 
 TEST_F(LargeFiles, AreFoundFromAHundredMillionBytesOn) {
@@ -73,25 +84,22 @@ TEST_F(LargeFiles, StandInTheOrderOfTheirPaths) {
 }
 
 TEST_F(LargeFiles, CarryWhatIsKnownOfThem) {
-    MemoryMac mac({folder("d", {folder("in", {with(file("a.mov", 123 * MB), [](auto& it) {
-                                           it.modified = now - days{40};
-                                       })})})});
+    TreeMac mac({folder("d", {folder("in", {file("a.mov", 123 * MB, now - days{40})})})});
     mac.metadata.items["/d/in/a.mov"] = {.lastUsed = now - days{30}, .added = now - days{50}};
-    EXPECT_THAT(scan(mac.platform(), "/d"), ElementsAre(LargeFile{.url = "/d/in/a.mov",
-                                                                  .bytes = 123 * MB,
-                                                                  .kind = FileKind::video,
-                                                                  .lastUsed = now - days{30},
-                                                                  .since = now - days{30},
-                                                                  .folder = {1, 5}}));
+    EXPECT_THAT(scan(mac.platform, "/d"),
+                ElementsAre(LargeFile{.url = "/d/in/a.mov",
+                                      .bytes = 123 * MB,
+                                      .kind = FileKind::video,
+                                      .lastUsed = now - days{30},
+                                      .since = now - days{30},
+                                      .folder = mac.files.identity("/d/in")}));
 }
 
 TEST_F(LargeFiles, OfAMovieCopiedHereAndNeverOpenedHaveNoLastUse) {
-    MemoryMac mac({folder("d", {with(file("a.mov", 100 * MB), [](auto& it) {
-                              it.modified = now - days{800};
-                              it.created = now - days{900};
-                          })})});
+    TreeMac mac({folder("d", {with(file("a.mov", 100 * MB, now - days{800}),
+                                   [](Attributes& it) { it.created = now - days{900}; })})});
     mac.metadata.items["/d/a.mov"] = {.lastUsed = std::nullopt, .added = now - days{365}};
-    const std::vector<LargeFile> files = scan(mac.platform(), "/d");
+    const std::vector<LargeFile> files = scan(mac.platform, "/d");
     ASSERT_EQ(files.size(), 1U);
     EXPECT_EQ(files[0].lastUsed, std::nullopt);
     EXPECT_EQ(files[0].since, now - days{365});
@@ -99,12 +107,10 @@ TEST_F(LargeFiles, OfAMovieCopiedHereAndNeverOpenedHaveNoLastUse) {
 }
 
 TEST_F(LargeFiles, TakeTheirArrivalFromTheFirstThatKnowsIt) {
-    MemoryMac mac({folder("d", {with(file("a.mov", 100 * MB), [](auto& it) {
-                              it.modified = now - days{800};
-                              it.created = now - days{700};
-                          })})});
+    TreeMac mac({folder("d", {with(file("a.mov", 100 * MB, now - days{800}),
+                                   [](Attributes& it) { it.created = now - days{700}; })})});
     mac.metadata.items["/d/a.mov"] = {};
-    const auto since = [&mac] { return scan(mac.platform(), "/d").at(0).since; };
+    const auto since = [&mac] { return scan(mac.platform, "/d").at(0).since; };
     EXPECT_EQ(since(), now - days{700});
     mac.metadata.createdDates["/d/a.mov"] = now - days{600};
     EXPECT_EQ(since(), now - days{600});
@@ -115,20 +121,23 @@ TEST_F(LargeFiles, TakeTheirArrivalFromTheFirstThatKnowsIt) {
 }
 
 TEST_F(LargeFiles, WithADateToComeAreOfAgeZero) {
-    MemoryMac mac({folder(
-        "d", {with(file("a.mov", 100 * MB), [](auto& it) { it.modified = now + days{30}; })})});
-    const std::vector<LargeFile> files = scan(mac.platform(), "/d");
+    TreeMac mac({folder("d", {file("a.mov", 100 * MB, now + days{30})})});
+    const std::vector<LargeFile> files = scan(mac.platform, "/d");
     ASSERT_EQ(files.size(), 1U);
     EXPECT_EQ(files[0].since, now);
     EXPECT_EQ(ageInMonths(files[0], now), 0);
 }
 
 TEST_F(LargeFiles, AskTheMetadataStoreForNothingBelowTheFloor) {
-    MemoryMac mac({folder("d", {file("small.mov", 99'999'999), file("large.mov", 100 * MB),
-                                file("part.dylib", 100 * MB), link("l", 100 * MB),
-                                package("small.key", {file("x", MB)})})});
-    scan(mac.platform(), "/d");
-    EXPECT_THAT(mac.metadata.asked, ElementsAre("/d/large.mov"));
+    TreeMac mac({folder("d", {file("small.mov", 99'999'999), file("large.mov", 100 * MB),
+                              file("part.dylib", 100 * MB), link("l", 100 * MB),
+                              package("small.key", {file("x", MB)})})});
+    RecordingMetadata metadata;
+    Platform platform{
+        mac.files, mac.processes,    mac.workspace, metadata, mac.notifications, mac.volume, {},
+        {},        mac.platform.home};
+    scan(platform, "/d");
+    EXPECT_THAT(metadata.asked, ElementsAre("/d/large.mov"));
 }
 
 TEST_F(LargeFiles, InALibraryFolderOfAProjectAreFound) {
@@ -155,34 +164,31 @@ TEST_F(LargeFiles, AreNeverAppsNorPackagesThatAreNoDocuments) {
 }
 
 TEST_F(LargeFiles, CountADocumentBundleAsOneOfAllItHolds) {
-    const auto old = [](auto& it) { it.modified = now - days{400}; };
-    MemoryMac mac({folder(
-        "d",
-        {package("Film.fcpbundle",
-                 {with(file("a", 60 * MB), old),
-                  folder("in",
-                         {with(file(".b", 40 * MB), [](auto& it) { it.modified = now - days{90}; }),
-                          link("l", 900 * MB), package("X.app", {with(file("c", MB), old)})})}),
-         package("Small.fcpbundle", {file("a", 99'999'999), link("l", MB)})})});
-    EXPECT_THAT(scan(mac.platform(), "/d"), ElementsAre(LargeFile{.url = "/d/Film.fcpbundle",
-                                                                  .bytes = 101 * MB,
-                                                                  .kind = FileKind::video,
-                                                                  .lastUsed = now - days{90},
-                                                                  .since = now - days{90},
-                                                                  .folder = {1, 2}}));
+    constexpr Instant old = now - days{400};
+    TreeMac mac({folder(
+        "d", {package("Film.fcpbundle",
+                      {file("a", 60 * MB, old),
+                       folder("in", {file(".b", 40 * MB, now - days{90}), link("l", 900 * MB),
+                                     package("X.app", {file("c", MB, old)})})}),
+              package("Small.fcpbundle", {file("a", 99'999'999), link("l", MB)})})});
+    EXPECT_THAT(scan(mac.platform, "/d"),
+                ElementsAre(LargeFile{.url = "/d/Film.fcpbundle",
+                                      .bytes = 101 * MB,
+                                      .kind = FileKind::video,
+                                      .lastUsed = now - days{90},
+                                      .since = now - days{90},
+                                      .folder = mac.files.identity("/d")}));
 }
 
 TEST_F(LargeFiles, OfABundleNeverTouchedCountFromTheFoldersOwnCreation) {
-    MemoryMac mac({folder(
-        "d", {with(package("Talk.key", {with(file("a", 100 * MB),
-                                             [](auto& it) { it.modified = now - days{800}; })}),
-                   [](auto& it) { it.created = now - days{200}; })})});
+    TreeMac mac({folder("d", {with(package("Talk.key", {file("a", 100 * MB, now - days{800})}),
+                                   [](Attributes& it) { it.created = now - days{200}; })})});
     mac.metadata.items["/d/Talk.key"] = {};
-    EXPECT_EQ(scan(mac.platform(), "/d").at(0).since, now - days{200});
+    EXPECT_EQ(scan(mac.platform, "/d").at(0).since, now - days{200});
 }
 
 TEST_F(LargeFiles, AreNeitherHiddenNorInHiddenFolders) {
-    const auto hide = [](auto& it) { it.isHidden = true; };
+    const auto hide = [](Attributes& it) { it.isHidden = true; };
     EXPECT_THAT(found({file(".a.mov", 100 * MB), folder(".b", {file("a.mov", 100 * MB)}),
                        with(file("c.mov", 100 * MB), hide),
                        with(folder("e", {file("a.mov", 100 * MB)}), hide),
@@ -191,12 +197,13 @@ TEST_F(LargeFiles, AreNeitherHiddenNorInHiddenFolders) {
 }
 
 TEST_F(LargeFiles, AreNeitherLinksNorAliasesNorPartsOfPrograms) {
-    EXPECT_THAT(found({link("l.mov", 100 * MB),
-                       with(file("alias.mov", 100 * MB), [](auto& it) { it.isAlias = true; }),
-                       with(file("clang", 100 * MB), [](auto& it) { it.isExecutable = true; }),
-                       with(file("pipe", 100 * MB), [](auto& it) { it.kind = EntryKind::other; }),
-                       file("a.pack", 100 * MB), file("data", 100 * MB)}),
-                ElementsAre("/d/data"));
+    EXPECT_THAT(
+        found({link("l.mov", 100 * MB),
+               with(file("alias.mov", 100 * MB), [](Attributes& it) { it.isAlias = true; }),
+               with(file("clang", 100 * MB), [](Attributes& it) { it.isExecutable = true; }),
+               with(file("pipe", 100 * MB), [](Attributes& it) { it.kind = EntryKind::other; }),
+               file("a.pack", 100 * MB), file("data", 100 * MB)}),
+        ElementsAre("/d/data"));
 }
 
 TEST_F(LargeFiles, InsideAnIgnoredFolderAreLeftOutWithAllBelow) {
@@ -215,49 +222,47 @@ TEST_F(LargeFiles, OfAnIgnoredRootAreNone) {
 }
 
 TEST_F(LargeFiles, MayBeTheRootItself) {
-    MemoryMac mac = home(
-        {with(file("a.iso", 100 * MB), [](auto& it) { it.modified = now - days{60}; }),
-         with(package("B.utm",
-                      {with(file("x", 200 * MB), [](auto& it) { it.modified = now - days{90}; })}),
-              [](auto& it) { it.created = now - days{99}; }),
-         package("C.app", {file("x", 200 * MB)}), link("d.iso", 100 * MB),
-         with(file("e", 100 * MB), [](auto& it) { it.isExecutable = true; }),
-         with(file("f", 100 * MB), [](auto& it) { it.isAlias = true; }), file("g.iso", MB)});
-    EXPECT_THAT(scan(mac.platform(), "/Users/sam/a.iso"),
+    TreeMac mac = home({file("a.iso", 100 * MB, now - days{60}),
+                        with(package("B.utm", {file("x", 200 * MB, now - days{90})}),
+                             [](Attributes& it) { it.created = now - days{99}; }),
+                        package("C.app", {file("x", 200 * MB)}), link("d.iso", 100 * MB),
+                        with(file("e", 100 * MB), [](Attributes& it) { it.isExecutable = true; }),
+                        with(file("f", 100 * MB), [](Attributes& it) { it.isAlias = true; }),
+                        file("g.iso", MB)});
+    EXPECT_THAT(scan(mac.platform, "/Users/sam/a.iso"),
                 ElementsAre(LargeFile{.url = "/Users/sam/a.iso",
                                       .bytes = 100 * MB,
                                       .kind = FileKind::diskImage,
                                       .lastUsed = now - days{60},
                                       .since = now - days{60},
-                                      .folder = {1, 10}}));
-    EXPECT_THAT(scan(mac.platform(), "/Users/sam/B.utm"),
+                                      .folder = mac.files.identity("/Users/sam")}));
+    EXPECT_THAT(scan(mac.platform, "/Users/sam/B.utm"),
                 ElementsAre(LargeFile{.url = "/Users/sam/B.utm",
                                       .bytes = 200 * MB,
                                       .kind = FileKind::diskImage,
                                       .lastUsed = now - days{90},
                                       .since = now - days{90},
-                                      .folder = {1, 10}}));
+                                      .folder = mac.files.identity("/Users/sam")}));
     for (const char* name : {"C.app", "d.iso", "e", "f", "g.iso", "gone"}) {
-        EXPECT_THAT(scan(mac.platform(), std::filesystem::path("/Users/sam") / name), IsEmpty())
+        EXPECT_THAT(scan(mac.platform, std::filesystem::path("/Users/sam") / name), IsEmpty())
             << name;
     }
 }
 
 TEST_F(LargeFiles, BehindAnUnreadableFolderArePassedOver) {
-    EXPECT_THAT(found({with(folder("a", {file("x.mov", 100 * MB)}),
-                            [](auto& it) { it.isUnreadable = true; }),
-                       file("b.mov", 100 * MB)}),
-                ElementsAre("/d/b.mov"));
+    EXPECT_THAT(
+        found({unreadable(folder("a", {file("x.mov", 100 * MB)})), file("b.mov", 100 * MB)}),
+        ElementsAre("/d/b.mov"));
 }
 
 TEST_F(LargeFiles, FoundBeforeACancellationAreGivenBack) {
-    MemoryMac mac({folder(
+    TreeMac mac({folder(
         "d", {folder("a", {file("x.mov", 100 * MB)}), folder("b", {file("y.mov", 100 * MB)})})});
     const StopSource stop;
-    mac.disk.beforeListing = [&stop](const std::string& path) {
+    mac.files.watch([&stop](std::string_view, const std::filesystem::path& path) {
         if (path == "/d/b") stop.request_stop();
-    };
-    EXPECT_THAT(paths(scanLargeFiles(mac.platform(), "/d", {}, now, stop.get_token())),
+    });
+    EXPECT_THAT(paths(scanLargeFiles(mac.platform, "/d", {}, now, stop.get_token())),
                 ElementsAre("/d/a/x.mov"));
 }
 

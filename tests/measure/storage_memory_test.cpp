@@ -8,8 +8,8 @@
 #include <new>
 #include <string>
 
-#include "measure/memory_mac.h"
 #include "measure/storage_scanner.h"
+#include "support/fake_system.h"
 
 namespace {
 
@@ -132,8 +132,10 @@ private:
 };
 
 std::int64_t peakOfScan(const EndlessFolder& files, StorageNode& found) {
-    test::MemoryMac mac;
-    const Platform platform = mac.platformOver(files);
+    fakes::FakeSystem mac;
+    const Platform platform{
+        files, mac.processes, mac.workspace, mac.metadata, mac.notifications, mac.volume, {},
+        {},    "/Users/sam"};
     const std::int64_t before = liveBytes.load();
     peakBytes = before;
     found = scanRoot(platform, "/Users", {}, {});

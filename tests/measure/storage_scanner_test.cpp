@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "measure/memory_mac.h"
+#include "measure/disk_tree.h"
 
 namespace morvane::StorageScanner {
 namespace {
@@ -11,8 +11,9 @@ namespace {
 using test::file;
 using test::folder;
 using test::link;
-using test::MemoryMac;
 using test::package;
+using test::TreeMac;
+using test::unreadable;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -20,9 +21,9 @@ using Kind = StorageNode::Kind;
 
 constexpr std::int64_t MB = 1'000'000;
 
-StorageNode scan(const MemoryMac& mac, const std::set<std::string>& skipped = {},
+StorageNode scan(const TreeMac& mac, const std::set<std::string>& skipped = {},
                  const StopToken& token = {}) {
-    return scanRoot(mac.platform(), "/Users", skipped, token);
+    return scanRoot(mac.platform, "/Users", skipped, token);
 }
 
 StorageNode node(const std::string& name, const std::string& url, Kind kind, std::int64_t bytes,
@@ -35,11 +36,11 @@ StorageNode node(const std::string& name, const std::string& url, Kind kind, std
 }
 
 TEST(StorageRoots, AreThoseThatExistInTheirOrder) {
-    const MemoryMac all({folder("opt", {}), folder("Library", {}), folder("Applications", {}),
-                         folder("Users", {}), folder("usr", {})});
-    EXPECT_THAT(roots(all.platform()), ElementsAre("/Users", "/Applications", "/Library", "/opt"));
-    const MemoryMac few({folder("Library", {}), folder("Users", {})});
-    EXPECT_THAT(roots(few.platform()), ElementsAre("/Users", "/Library"));
+    const TreeMac all({folder("opt", {}), folder("Library", {}), folder("Applications", {}),
+                       folder("Users", {}), folder("usr", {})});
+    EXPECT_THAT(roots(all.platform), ElementsAre("/Users", "/Applications", "/Library", "/opt"));
+    const TreeMac few({folder("Library", {}), folder("Users", {})});
+    EXPECT_THAT(roots(few.platform), ElementsAre("/Users", "/Library"));
 }
 
 TEST(ProtectedFolders, LieBelowTheHomeFolder) {
@@ -50,7 +51,7 @@ TEST(ProtectedFolders, LieBelowTheHomeFolder) {
 }
 
 TEST(StorageScan, NamesAndPlacesEveryNode) {
-    const MemoryMac mac(
+    const TreeMac mac(
         {folder("Users", {folder("sam", {file("a.mov", 30 * MB)}), file("b.iso", 20 * MB)})});
     EXPECT_EQ(scan(mac), node("Users", "/Users", Kind::folder, 50 * MB,
                               {node("sam", "/Users/sam", Kind::folder, 30 * MB,
@@ -59,8 +60,8 @@ TEST(StorageScan, NamesAndPlacesEveryNode) {
 }
 
 TEST(StorageScan, FoldsAFolderBelowTenMillionBytesAndKeepsTheChildrenOfOneOfTenMillion) {
-    const MemoryMac mac({folder("Users", {folder("small", {file("a", 9'999'999)}),
-                                          folder("large", {file("b", 10'000'000)})})});
+    const TreeMac mac({folder("Users", {folder("small", {file("a", 9'999'999)}),
+                                        folder("large", {file("b", 10'000'000)})})});
     EXPECT_EQ(scan(mac), node("Users", "/Users", Kind::folder, 19'999'999,
                               {node("large", "/Users/large", Kind::folder, 10'000'000,
                                     {node("b", "/Users/large/b", Kind::file, 10'000'000)}),
@@ -68,26 +69,26 @@ TEST(StorageScan, FoldsAFolderBelowTenMillionBytesAndKeepsTheChildrenOfOneOfTenM
 }
 
 TEST(StorageScan, CountsHiddenItems) {
-    const MemoryMac mac({folder("Users", {folder(".cache", {file(".x", 10 * MB)})})});
+    const TreeMac mac({folder("Users", {folder(".cache", {file(".x", 10 * MB)})})});
     EXPECT_EQ(scan(mac).bytes, 10 * MB);
 }
 
 TEST(StorageScan, AddsNothingForALinkToAHugeFolder) {
-    const MemoryMac mac({folder("Users", {link("huge", 4096), file("a", 10 * MB)})});
+    const TreeMac mac({folder("Users", {link("huge", 4096), file("a", 10 * MB)})});
     EXPECT_EQ(scan(mac), node("Users", "/Users", Kind::folder, 10 * MB,
                               {node("a", "/Users/a", Kind::file, 10 * MB)}));
 }
 
 TEST(StorageScan, DoesNotLeaveTheDiskThroughAMountPoint) {
-    const MemoryMac mac({folder("Users", {with(folder("backup", {file("a", 50 * MB)}),
-                                               [](auto& it) { it.isVolume = true; }),
-                                          with(package("image.sparsebundle", {file("a", 50 * MB)}),
-                                               [](auto& it) { it.isVolume = true; })})});
+    const TreeMac mac({folder("Users", {with(folder("backup", {file("a", 50 * MB)}),
+                                             [](Attributes& it) { it.isVolume = true; }),
+                                        with(package("image.sparsebundle", {file("a", 50 * MB)}),
+                                             [](Attributes& it) { it.isVolume = true; })})});
     EXPECT_EQ(scan(mac), node("Users", "/Users", Kind::folder, 0));
 }
 
 TEST(StorageScan, MeasuresAPackageWholeAsOneFile) {
-    const MemoryMac mac({folder(
+    const TreeMac mac({folder(
         "Users", {package("Film.app", {file("main", 4 * MB),
                                        folder("Contents", {file("data", 5 * MB), link("l", MB),
                                                            package("In.app", {file("x", MB)})})}),
@@ -99,20 +100,20 @@ TEST(StorageScan, MeasuresAPackageWholeAsOneFile) {
 }
 
 TEST(StorageScan, KeepsTheExtensionOfAPlainFileNamedLikeAnApp) {
-    const MemoryMac mac({folder("Users", {file("Old.app", 10 * MB)})});
+    const TreeMac mac({folder("Users", {file("Old.app", 10 * MB)})});
     EXPECT_THAT(scan(mac).children,
                 ElementsAre(node("Old.app", "/Users/Old.app", Kind::file, 10 * MB)));
 }
 
 TEST(StorageScan, CountsPipesAndDevicesByTheirOwnBlocks) {
-    const MemoryMac mac(
-        {folder("Users", {with(file("pipe", MB), [](auto& it) { it.kind = EntryKind::other; }),
-                          file("a", 10 * MB)})});
+    const TreeMac mac({folder(
+        "Users", {with(file("pipe", MB), [](Attributes& it) { it.kind = EntryKind::other; }),
+                  file("a", 10 * MB)})});
     EXPECT_EQ(scan(mac).bytes, 11 * MB);
 }
 
 TEST(StorageScan, LeavesOutWhatIsProtectedAndNothingElse) {
-    const MemoryMac mac({folder(
+    const TreeMac mac({folder(
         "Users", {folder("sam", {folder("Desktop", {file("a", 10 * MB)}),
                                  folder("Desktop 2", {file("b", 20 * MB)}),
                                  folder("Library", {folder("Mail", {file("c", 40 * MB)}),
@@ -124,23 +125,22 @@ TEST(StorageScan, LeavesOutWhatIsProtectedAndNothingElse) {
 }
 
 TEST(StorageScan, LeavesOutAProtectedPathThatIsAFile) {
-    const MemoryMac mac({folder("Users", {folder("sam", {file("Desktop", 10 * MB)})})});
+    const TreeMac mac({folder("Users", {folder("sam", {file("Desktop", 10 * MB)})})});
     EXPECT_EQ(scan(mac, protectedFolders("/Users/sam")).bytes, 0);
 }
 
 TEST(StorageScan, TakesAnUnreadableFolderForEmpty) {
-    const auto unreadable = [](auto& it) { it.isUnreadable = true; };
-    const MemoryMac mac({folder("Users", {with(folder("root", {file("a", 10 * MB)}), unreadable),
-                                          file("b", 10 * MB)}),
-                         with(folder("Library", {file("c", MB)}), unreadable)});
+    const TreeMac mac(
+        {folder("Users", {unreadable(folder("root", {file("a", 10 * MB)})), file("b", 10 * MB)}),
+         unreadable(folder("Library", {file("c", MB)}))});
     EXPECT_EQ(scan(mac).bytes, 10 * MB);
-    EXPECT_EQ(scanRoot(mac.platform(), "/Library", {}, {}),
+    EXPECT_EQ(scanRoot(mac.platform, "/Library", {}, {}),
               node("Library", "/Library", Kind::folder, 0));
-    EXPECT_EQ(scanRoot(mac.platform(), "/gone", {}, {}), node("gone", "/gone", Kind::folder, 0));
+    EXPECT_EQ(scanRoot(mac.platform, "/gone", {}, {}), node("gone", "/gone", Kind::folder, 0));
 }
 
 TEST(StorageScan, ShowsNamesThatAreNotUTF8AsText) {
-    const MemoryMac mac({folder(
+    const TreeMac mac({folder(
         "Users", {package("caf\xe9.app", {file("a", 10 * MB)}), file("line\nbreak", 20 * MB)})});
     EXPECT_THAT(scan(mac).children,
                 ElementsAre(node("line\nbreak", "/Users/line\nbreak", Kind::file, 20 * MB),
@@ -148,12 +148,12 @@ TEST(StorageScan, ShowsNamesThatAreNotUTF8AsText) {
 }
 
 TEST(StorageScan, GivesWhatItHasOnceItIsCancelled) {
-    MemoryMac mac({folder("Users", {folder("a", {file("x", 10 * MB)}), folder("b", {file("y", MB)}),
-                                    folder("c", {file("z", MB)})})});
+    TreeMac mac({folder("Users", {folder("a", {file("x", 10 * MB)}), folder("b", {file("y", MB)}),
+                                  folder("c", {file("z", MB)})})});
     const StopSource stop;
-    mac.disk.beforeListing = [&stop](const std::string& path) {
+    mac.files.watch([&stop](std::string_view, const std::filesystem::path& path) {
         if (path == "/Users/b") stop.request_stop();
-    };
+    });
     EXPECT_EQ(scan(mac, {}, stop.get_token()),
               node("Users", "/Users", Kind::folder, 10 * MB,
                    {node("a", "/Users/a", Kind::folder, 10 * MB,
@@ -162,8 +162,8 @@ TEST(StorageScan, GivesWhatItHasOnceItIsCancelled) {
 
 TEST(StorageScan, ReachesTheBottomOfAVeryDeepChainAndDrawsTheUppermostLevels) {
     test::Item chain = file("deep", 10 * MB);
-    for (int level = 0; level < 2'000; ++level) chain = folder("d", {std::move(chain)});
-    const MemoryMac mac({folder("Users", {std::move(chain)})});
+    for (int level = 0; level < 600; ++level) chain = folder("d", {std::move(chain)});
+    const TreeMac mac({folder("Users", {std::move(chain)})});
     const StorageNode found = scan(mac);
     EXPECT_EQ(found.bytes, 10 * MB);
     int levels = 0;
