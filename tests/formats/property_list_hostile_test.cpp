@@ -226,6 +226,18 @@ TEST(HostilePropertyList, IsNotReadWhenAnObjectIsUnsound) {
     }
 }
 
+// The library ends the program at such a key.
+TEST(HostilePropertyList, IsNotReadWhenAKeyHasANul) {
+    EXPECT_FALSE(readPropertyList(
+        binaryList({container(0xD, {1, 2}), std::string("\x53\x61\0b", 4), "\x09"})));
+    EXPECT_FALSE(readPropertyList(
+        binaryList({container(0xD, {1, 2}), std::string("\x63\0c\0\0\0d", 7), "\x09"})));
+    EXPECT_FALSE(
+        readPropertyList(binaryList({container(0xD, {1, 2}), std::string("\x61\0\0", 3), "\x09"})));
+    EXPECT_FALSE(readPropertyList(xmlList(std::string("<dict><key>a\0b</key><true/></dict>", 34))));
+    EXPECT_FALSE(readPropertyList(xmlList("<dict><key>a&#0;b</key><true/></dict>")));
+}
+
 TEST(HostilePropertyList, IsNotReadWhenItEndsEarly) {
     const PropertyList list{PropertyList::Dictionary{
         {"text", {std::string("Füße")}},

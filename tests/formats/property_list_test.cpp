@@ -131,13 +131,10 @@ TEST(ReadPropertyList, LeavesOutAKeyThatIsNotUTF8) {
 }
 
 TEST(ReadPropertyList, EndsATextAtANul) {
-    const auto list = readPropertyList(binaryList({container(0xD, {1, 2}),
-                                                   std::string("\x53"
-                                                               "a\0b",
-                                                               4),
-                                                   std::string("\x63\0c\0\0\0d", 7)}));
+    const auto list = readPropertyList(binaryList(
+        {container(0xA, {1, 2}), std::string("\x53\x61\0b", 4), std::string("\x63\0c\0\0\0d", 7)}));
     ASSERT_TRUE(list);
-    EXPECT_EQ(*list->dictionary(), (Dictionary{{"a", {std::string("c")}}}));
+    EXPECT_EQ(*list->array(), (Array{{std::string("a")}, {std::string("c")}}));
 }
 
 TEST(ReadPropertyList, HoldsNoDateThatLiesTooFarOff) {

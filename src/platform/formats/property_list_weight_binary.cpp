@@ -87,7 +87,7 @@ private:
     }
 
     // Counts one object at `object`, and goes into it when it is a container. A key must be a
-    // text.
+    // text without a NUL, at which the library would give up the whole program.
     bool enter(std::size_t object, bool isKey) {
         if (object >= count_ || ++objects_ > PropertyListLimits::objects) return false;
         std::size_t at = number(table_ + object * offsetSize_, offsetSize_);
@@ -115,9 +115,9 @@ private:
             case 0x4:
                 return fits(at, size, 1) && addText(size);
             case 0x5:
-                return fits(at, size, 1) && addText(size);
+                return fits(at, size, 1) && addText(size) && !(isKey && hasNul(at, size, 1));
             case 0x6:  // UTF-16, of which a unit makes three bytes at most
-                return fits(at, size, 2) && addText(3 * size);
+                return fits(at, size, 2) && addText(3 * size) && !(isKey && hasNul(at, size, 2));
             case 0xA:
                 return push({object, at, size, 0, 0});
             case 0xD:
@@ -136,6 +136,13 @@ private:
         size = number(at, width);
         at += width;
         return true;
+    }
+
+    [[nodiscard]] bool hasNul(std::size_t at, std::size_t units, std::size_t width) const {
+        for (std::size_t unit = 0; unit < units; ++unit) {
+            if (number(at + unit * width, width) == 0) return true;
+        }
+        return false;
     }
 
     bool push(const Container& container) {

@@ -30,6 +30,7 @@ public:
     explicit XMLWeight(std::string_view bytes) : bytes_(bytes) {}
 
     bool isWithinLimits() {
+        if (bytes_.find('\0') != none) return false;
         while ((at_ = bytes_.find('<', at_)) != none) {
             const std::string_view rest = bytes_.substr(at_);
             if (!(rest.starts_with("<!--")        ? skip(4, "-->")
