@@ -100,23 +100,26 @@ std::optional<std::filesystem::path> dockerPath(const ScanContext& scan) {
     return std::nullopt;
 }
 
-std::vector<CleanupItem> scanDocker(const ScanContext& scan) {
+std::vector<CleanupItem> dockerItems(const std::filesystem::path& docker, std::string_view output) {
     std::vector<CleanupItem> items;
-    const std::optional<std::filesystem::path> docker = dockerPath(scan);
-    if (!docker) return items;
-    const auto output =
-        toolOutput(scan, *docker, {"system", "df", "--format", "{{json .}}"}, toolLimit);
-    if (!output) return items;
-    const std::string text = repairedUTF8(*output);
+    const std::string text = repairedUTF8(output);
     // An item stands for all of its kind, so one that is told twice is taken once.
     std::set<std::string> seen;
     for (std::string_view rest = text; !rest.empty();) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
-        std::optional<CleanupItem> item = dockerItem(*docker, rest.substr(0, end));
+        std::optional<CleanupItem> item = dockerItem(docker, rest.substr(0, end));
         if (item && seen.insert(item->id).second) items.push_back(std::move(*item));
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return items;
+}
+
+std::vector<CleanupItem> scanDocker(const ScanContext& scan) {
+    const std::optional<std::filesystem::path> docker = dockerPath(scan);
+    if (!docker) return {};
+    const auto output =
+        toolOutput(scan, *docker, {"system", "df", "--format", "{{json .}}"}, toolLimit);
+    return output ? dockerItems(*docker, *output) : std::vector<CleanupItem>{};
 }
 
 }  // namespace morvane::CleanupScanner

@@ -15,6 +15,11 @@ namespace morvane::CleanupScanner {
 // command. None when Docker is not installed, is not running or does not answer.
 [[nodiscard]] std::vector<CleanupItem> scanDocker(const ScanContext& scan);
 
+// The items of what "docker system df --format {{json .}}" wrote, in its order, one of a kind;
+// lines that cannot be read are passed over.
+[[nodiscard]] std::vector<CleanupItem> dockerItems(const std::filesystem::path& docker,
+                                                   std::string_view output);
+
 // The docker tool, in the places where it is installed; PATH is never searched.
 [[nodiscard]] std::optional<std::filesystem::path> dockerPath(const ScanContext& scan);
 
