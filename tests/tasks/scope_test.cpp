@@ -252,6 +252,30 @@ TEST(WorkInProgress, CountsTasksStartedDirectlyAndByOneAnother) {
     EXPECT_TRUE(shop.finish());
 }
 
+Task<> lendGroup(Group*& lent, TaskGate& gate) {
+    Group group(co_await currentContext());
+    lent = &group;
+    co_await gate.pass();
+    co_await group.wait();
+}
+
+TEST(WorkInProgress, CountsChildrenThatAreStartedFromOutsideTheirParentsTurn) {
+    Workshop shop;
+    const auto work = std::make_shared<WorkInProgress>();
+    Group* group = nullptr;
+    TaskGate gate;
+    {
+        const WorkGuard guard(work);
+        shop.scope.start(lendGroup(group, gate));
+    }
+    shop.loop.runReady();
+    group->start(fetch(shop, "child", 1s));
+    EXPECT_EQ(work->tasks, 2);
+    gate.open();
+    EXPECT_TRUE(shop.finish());
+    EXPECT_EQ(work->tasks, 0);
+}
+
 TEST(WorkInProgress, CountsCancelledTasksUntilTheyHaveEnded) {
     Workshop shop;
     const auto work = std::make_shared<WorkInProgress>();
