@@ -31,7 +31,8 @@ public:
     // Keeps those of `paths` that lie below `root`, all compared in their standard form.
     MarkedPaths(const std::filesystem::path& root, const std::vector<std::filesystem::path>& paths);
 
-    [[nodiscard]] PathMarks marks() const { return PathMarks(relative_); }
+    [[nodiscard]] PathMarks marks() const& { return PathMarks(relative_); }
+    PathMarks marks() && = delete;  // the marks view what would be gone
 
 private:
     std::vector<std::string> relative_;

@@ -17,20 +17,23 @@ TEST(PathMarks, AreFoundOneNameAtATime) {
 }
 
 TEST(PathMarks, DoNotTakeANameForALongerOne) {
-    const PathMarks marks = MarkedPaths("/a", {"/a/Foo/x"}).marks();
+    const MarkedPaths marked("/a", {"/a/Foo/x"});
+    const PathMarks marks = marked.marks();
     EXPECT_TRUE(marks.below("Fo").isEmpty());
     EXPECT_TRUE(marks.below("Foobar").isEmpty());
     EXPECT_TRUE(marks.below("Foo").contains("x"));
 }
 
 TEST(PathMarks, LeaveOutWhatDoesNotLieBelow) {
-    EXPECT_TRUE(MarkedPaths("/a/b", {"/a", "/a/b", "/a/bc", "/d"}).marks().isEmpty());
+    const MarkedPaths marked("/a/b", {"/a", "/a/b", "/a/bc", "/d"});
+    EXPECT_TRUE(marked.marks().isEmpty());
 }
 
 TEST(PathMarks, CompareStandardPaths) {
-    const PathMarks marks = MarkedPaths("/a/./b/", {"/a//b/c/../d/"}).marks();
-    EXPECT_TRUE(marks.contains("d"));
-    EXPECT_TRUE(MarkedPaths("/", {"/opt"}).marks().contains("opt"));
+    const MarkedPaths marked("/a/./b/", {"/a//b/c/../d/"});
+    EXPECT_TRUE(marked.marks().contains("d"));
+    const MarkedPaths top("/", {"/opt"});
+    EXPECT_TRUE(top.marks().contains("opt"));
 }
 
 }  // namespace
