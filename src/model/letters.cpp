@@ -1,5 +1,6 @@
 #include "model/letters.h"
 
+#include <algorithm>
 #include <memory>
 #include <unicode/brkiter.h>
 #include <unicode/coll.h>
@@ -18,6 +19,12 @@ std::string utf8(const icu::UnicodeString& text) {
     return bytes;
 }
 
+// Most names are, and need none of the tables.
+bool isASCII(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 icu::UnicodeString unicode(std::string_view text) {
     return icu::UnicodeString::fromUTF8(
         icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
@@ -26,6 +33,13 @@ icu::UnicodeString unicode(std::string_view text) {
 }  // namespace
 
 std::string lowercased(std::string_view text) {
+    if (isASCII(text)) {
+        std::string lower(text);
+        for (char& c : lower) {
+            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        }
+        return lower;
+    }
     return utf8(unicode(text).toLower(icu::Locale::getRoot()));
 }
 

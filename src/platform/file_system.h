@@ -138,6 +138,10 @@ public:
     [[nodiscard]] virtual Result<std::vector<ListedEntry>> list(const std::filesystem::path& path,
                                                                 Hidden hidden) const = 0;
 
+    // The names alone, hidden ones too: costs no look at each entry.
+    [[nodiscard]] virtual Result<std::vector<std::string>> names(
+        const std::filesystem::path& path) const;
+
     // The bytes of a regular file of at most `limit` bytes, links followed; a longer one, a pipe, a
     // device is a failure and is not read.
     [[nodiscard]] virtual Result<std::string> readFile(const std::filesystem::path& path,

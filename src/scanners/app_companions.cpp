@@ -46,13 +46,9 @@ bool isPlainName(std::string_view name) {
            name.find('/') == std::string_view::npos && name.find('\0') == std::string_view::npos;
 }
 
-std::vector<std::filesystem::path> entriesOf(const ScanContext& scan,
-                                             const std::filesystem::path& folder) {
-    std::vector<std::filesystem::path> entries;
-    auto listed = scan.platform.files.list(folder, Hidden::included);
-    if (!listed.ok()) return entries;
-    for (ListedEntry& entry : *listed) entries.push_back(std::move(entry.path));
-    return entries;
+std::vector<std::string> namesIn(const ScanContext& scan, const std::filesystem::path& folder) {
+    Result<std::vector<std::string>> names = scan.platform.files.names(folder);
+    return names.ok() ? *std::move(names) : std::vector<std::string>{};
 }
 
 void addByIdentifier(const ScanContext& scan, const std::string& id, bool includeContainers,
@@ -66,10 +62,10 @@ void addByIdentifier(const ScanContext& scan, const std::string& id, bool includ
     for (const KnownAppPath& row : knownAppPaths(id)) {
         found.push_back({std::string(row.kind), library / row.path});
     }
-    for (std::filesystem::path& entry : entriesOf(scan, library / "LaunchAgents")) {
-        const std::string file = entry.filename().native();
+    const std::filesystem::path agents = library / "LaunchAgents";
+    for (const std::string& file : namesIn(scan, agents)) {
         if (file.starts_with(id) && file.ends_with(".plist")) {
-            found.push_back({launchAgentsKind, std::move(entry)});
+            found.push_back({launchAgentsKind, agents / file});
         }
     }
 }
@@ -90,16 +86,15 @@ std::string vendorOf(std::string_view id) {
 void addFromVendor(const ScanContext& scan, const std::string& vendor, const std::string& squashed,
                    std::vector<Companion>& found) {
     for (const std::string_view folder : namedFolders) {
-        const std::vector<std::filesystem::path> entries =
-            entriesOf(scan, scan.platform.library() / folder);
-        const auto own =
-            std::find_if(entries.begin(), entries.end(), [&](const std::filesystem::path& entry) {
-                return lowercased(entry.filename().native()) == vendor;
-            });
-        if (own == entries.end()) continue;
-        for (std::filesystem::path& child : entriesOf(scan, *own)) {
-            if (lowercased(child.filename().native()).starts_with(squashed)) {
-                found.push_back({std::string(folder), std::move(child)});
+        const std::filesystem::path place = scan.platform.library() / folder;
+        const std::vector<std::string> names = namesIn(scan, place);
+        const auto own = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
+            return lowercased(name) == vendor;
+        });
+        if (own == names.end()) continue;
+        for (const std::string& child : namesIn(scan, place / *own)) {
+            if (lowercased(child).starts_with(squashed)) {
+                found.push_back({std::string(folder), place / *own / child});
             }
         }
     }

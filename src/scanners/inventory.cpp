@@ -65,8 +65,7 @@ std::string versionIn(const PropertyList& info) {
 
 bool isUnreadableFolder(const ScanContext& scan, const std::filesystem::path& url) {
     const Result<Attributes> found = scan.platform.files.attributes(url);
-    return found.ok() && found->kind == EntryKind::folder &&
-           !scan.platform.files.list(url, Hidden::included).ok();
+    return found.ok() && found->kind == EntryKind::folder && !scan.platform.files.names(url).ok();
 }
 
 }  // namespace

@@ -26,6 +26,8 @@ public:
     [[nodiscard]] std::string displayName(const std::filesystem::path& path) const override;
     [[nodiscard]] Result<std::vector<ListedEntry>> list(const std::filesystem::path& path,
                                                         Hidden hidden) const override;
+    [[nodiscard]] Result<std::vector<std::string>> names(
+        const std::filesystem::path& path) const override;
     [[nodiscard]] Result<std::string> readFile(const std::filesystem::path& path,
                                                std::int64_t limit) const override;
     bool walk(const std::filesystem::path& path, const WalkOptions& options, FolderVisit& root,

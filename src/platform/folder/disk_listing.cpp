@@ -40,4 +40,21 @@ Result<std::vector<ListedEntry>> DiskFileSystem::list(const std::filesystem::pat
     return found;
 }
 
+Result<std::vector<std::string>> DiskFileSystem::names(const std::filesystem::path& path) const {
+    HostMarks marks;
+    marks.addLists(disk_, *host_.current());
+    const Result<OpenFolder> opened = openFolder(path, marks);
+    if (!opened.ok()) return opened.failure();
+    std::vector<std::string> found;
+    RawListing listing;
+    RawEntry entry;
+    while (listing.read(opened->folder.get())) {
+        while (listing.next(entry)) found.emplace_back(entry.name);
+        errno = 0;
+        if (listing.wasLast()) break;
+    }
+    if (errno != 0) return failureFromErrno(errno, path);
+    return found;
+}
+
 }  // namespace morvane::folder
