@@ -41,7 +41,7 @@ TEST(Changing, AFolderThatBecomesALinkIsNotFollowed) {
     disk.addFile("/outside/big", 4'096'000);
     disk.addFile("/top/stays", 4'096);
     disk.addFile("/top/swapped/inside", 8'192);
-    disk.addLink("/link", "/outside");
+    disk.addLink("/link", "../outside");  // it leads there from inside "/top"
     const Meanwhile swapping([&] {
         std::filesystem::rename(disk.place("/top/swapped"), disk.place("/aside"));
         std::filesystem::rename(disk.place("/link"), disk.place("/top/swapped"));
@@ -59,6 +59,23 @@ TEST(Changing, AFolderThatBecomesALinkIsNotFollowed) {
         ASSERT_TRUE(collected.has("/top/stays"));
         ASSERT_EQ(collected.entered, collected.ended);
     }
+}
+
+TEST(Changing, AFolderThatBecameALinkSinceItWasListedIsNotFollowed) {
+    const FolderDisk disk(FolderDisk::Where::memory, 0);
+    disk.addFile("/outside/big", 4'096'000);
+    disk.addFile("/top/swapped/inside", 8'192);
+    disk.addLink("/link", "../outside");
+    Collected collected;
+    collected.meanwhile = [&](const WalkedFolder&) {
+        if (std::filesystem::exists(disk.place("/aside"))) return;
+        std::filesystem::rename(disk.place("/top/swapped"), disk.place("/aside"));
+        std::filesystem::rename(disk.place("/link"), disk.place("/top/swapped"));
+    };
+    ASSERT_TRUE(collect(disk.files(), "/top", {}, collected));
+    EXPECT_EQ(collected.entries.size(), 1U);
+    EXPECT_EQ(collected.entered, 1);
+    EXPECT_EQ(collected.ended, 1);
 }
 
 TEST(Changing, EntriesThatComeAndGoDoNoHarm) {

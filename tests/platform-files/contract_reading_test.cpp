@@ -124,6 +124,20 @@ TEST_P(FileSystemContract, ListsALinkedFolderInTheTermsOfThePathAsked) {
     EXPECT_EQ(listed->front().attributes.folder, files.attributes("/link/a")->folder);
 }
 
+TEST_P(FileSystemContract, NamesAreThoseOfAListing) {
+    disk->addFile("/Users/sam/a", 0);
+    disk->addFile("/Users/sam/.b", 0);
+    disk->addLink("/home", "/Users/sam");
+    disk->addFile("/refused/a", 0);
+    disk->refuseReading("/refused");
+    const auto found = files.names("/home");
+    ASSERT_TRUE(found.ok());
+    EXPECT_THAT(*found, UnorderedElementsAre("a", ".b"));
+    EXPECT_EQ(files.names("/none").failure().kind, Failure::Kind::notFound);
+    EXPECT_EQ(files.names("/refused").failure().kind, Failure::Kind::notAllowed);
+    EXPECT_FALSE(files.names("/Users/sam/a").ok());
+}
+
 TEST_P(FileSystemContract, AFailedListingIsNoEmptyFolder) {
     disk->addFile("/file", 0);
     disk->addFolder("/empty");

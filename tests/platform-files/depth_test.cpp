@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "collecting_visit.h"
@@ -88,6 +89,20 @@ TEST(Depth, FewFoldersAreOpenAtATime) {
     EXPECT_EQ(collected.entries.size(), 401U);
     EXPECT_LE(most - before, 26);
     EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST(Depth, AProcessWithHardlyADescriptorLeftLosesNothing) {
+    const FolderDisk disk(FolderDisk::Where::memory, 0);
+    addChain(disk, 60, [](int folder, int /*level*/) { addFileAt(folder, "file"); });
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const Descriptor next(::open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    rlimit few = before;
+    few.rlim_cur = static_cast<rlim_t>(next.get()) + 6;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    const std::int64_t bytes = disk.size("/");
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_EQ(bytes, 60 * 4'096);
 }
 
 // Long names, so that few of them fill the buffer of a listing.
