@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "mounted_elsewhere.h"
 #include "removal_disk.h"
 
 namespace morvane::folder {
@@ -84,6 +85,20 @@ TEST_F(Forbidden, WhatLiesInAForbiddenTargetAndWasNamedStillGoes) {
     EXPECT_EQ(report.error, (Failure{Failure::Kind::refused, 0, "/"}));
     EXPECT_EQ(report.trashed, (MovedItems{{"/Users/sam/a", "/Users/sam/.Trash/a"},
                                           {"/Users/other", "/Users/sam/.Trash/other"}}));
+}
+
+TEST_F(Forbidden, TheSameFoldersBoundToAnotherPlace) {
+    disk.file("/Users/sam/Library/named", "goes");
+    disk.folder("/Volumes/Bound");
+    whereMountingIsAllowed([&] {
+        mountFolder(disk.place("/Users"), disk.place("/Volumes/Bound"));
+        expectRefused("/Volumes/Bound/sam");
+        expectRefused("/Volumes/Bound/sam/.Trash");
+        const RemovalReport report = disk.remover().removeOutright(
+            {{"/Volumes/Bound/sam"}, {"/Volumes/Bound/sam/Library/named"}});
+        EXPECT_EQ(report.error, (Failure{Failure::Kind::refused, 0, "/Volumes/Bound/sam"}));
+        EXPECT_FALSE(disk.stands("/Users/sam/Library/named"));
+    });
 }
 
 TEST_F(Forbidden, EverythingWhileThoseFoldersCannotBeLookedAt) {

@@ -117,6 +117,20 @@ TEST_F(PutBack, LeavesTheFoldersItMadeWhenSomebodyUsesThem) {
     EXPECT_THAT(disk.names("/Users/sam/new"), ElementsAre("theirs"));
 }
 
+TEST_F(PutBack, TakesNothingBackFromAFolderThatIsNotWhereItWasMade) {
+    trash("/Users/sam/a");
+    disk.folder("/Users/sam/other");
+    disk.calls.before = [&](const std::string& call, const std::string&) {
+        if (call == "rename") {
+            std::filesystem::rename(disk.place("/Users/sam/new/newer"),
+                                    disk.place("/Users/sam/other/newer"));
+        }
+    };
+    disk.calls.failOne("rename", 2, EIO);
+    EXPECT_TRUE(disk.remover().putBack("/Users/sam/.Trash/a", "/Users/sam/new/newer/a"));
+    EXPECT_THAT(disk.names("/Users/sam/other"), ElementsAre("newer"));
+}
+
 TEST_F(PutBack, OfWhatIsNotThereMakesNoFolder) {
     EXPECT_EQ(disk.remover().putBack("/Users/sam/.Trash/a", "/Users/sam/new/a"),
               (Failure{Failure::Kind::notFound, ENOENT, "/Users/sam/.Trash/a"}));
