@@ -3,10 +3,10 @@
 #include <array>
 #include <climits>
 #include <fcntl.h>
-#include <string_view>
 #include <unistd.h>
 
 #include "platform/folder/descriptor.h"
+#include "platform/folder/mount_table.h"
 
 namespace morvane::folder {
 
@@ -23,37 +23,6 @@ std::optional<std::string> readWhole(const char* path) {
         if (got == 0) return text;
         text.append(part.data(), static_cast<std::size_t>(got));
     }
-}
-
-bool isOctal(char c) {
-    return c >= '0' && c <= '7';
-}
-
-// The kernel writes blanks, tabs, line ends and backslashes of a path as a backslash and three
-// octal digits (proc(5), /proc/pid/mountinfo).
-std::string unescaped(std::string_view text) {
-    std::string path;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == '\\' && at + 3 < text.size() && isOctal(text[at + 1]) &&
-            isOctal(text[at + 2]) && isOctal(text[at + 3])) {
-            path += static_cast<char>((text[at + 1] - '0') * 64 + (text[at + 2] - '0') * 8 +
-                                      (text[at + 3] - '0'));
-            at += 3;
-        } else {
-            path += text[at];
-        }
-    }
-    return path;
-}
-
-// The fifth of the fields that blanks part.
-std::string_view mountPointOf(std::string_view line) {
-    for (int field = 1; field < 5; ++field) {
-        const std::size_t blank = line.find(' ');
-        if (blank == std::string_view::npos) return {};
-        line.remove_prefix(blank + 1);
-    }
-    return line.substr(0, line.find(' '));
 }
 
 std::optional<std::string> placeOf(int folder) {
@@ -74,16 +43,13 @@ std::optional<std::vector<std::string>> mountsBelow(int folder) {
     if (*top == "/") top->clear();
     *top += '/';
 
+    const std::optional<std::vector<std::string>> mounts = mountPointsIn(*table);
+    if (!mounts) return std::nullopt;
     std::vector<std::string> below;
-    for (std::size_t start = 0; start < table->size();) {
-        std::size_t end = table->find('\n', start);
-        if (end == std::string::npos) end = table->size();
-        const std::string_view line = std::string_view(*table).substr(start, end - start);
-        const std::string path = unescaped(mountPointOf(line));
-        if (path.size() > top->size() && path.starts_with(*top)) {
-            below.push_back(path.substr(top->size() - 1));
+    for (const std::string& mount : *mounts) {
+        if (mount.size() > top->size() && mount.starts_with(*top)) {
+            below.push_back(mount.substr(top->size() - 1));
         }
-        start = end + 1;
     }
     return below;
 }
