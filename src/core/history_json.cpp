@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "model/path_text.h"
 #include "platform/formats/json.h"
@@ -23,6 +24,14 @@ std::optional<Instant> dateFrom(double seconds) {
     return referenceDate + std::chrono::duration_cast<std::chrono::nanoseconds>(since);
 }
 
+// An identity is a number: however its text was written, it is told in one way.
+std::string uppercaseUUID(std::string id) {
+    for (char& character : id) {
+        if (character >= 'a' && character <= 'f') character = static_cast<char>(character - 32);
+    }
+    return id;
+}
+
 std::optional<HistoryEntry> entryFrom(const nlohmann::json& json) {
     if (!json.is_object()) return std::nullopt;
     const auto text = [&](const char* key) -> std::optional<std::string> {
@@ -34,7 +43,7 @@ std::optional<HistoryEntry> entryFrom(const nlohmann::json& json) {
     const nlohmann::json* trashed = find(json, "trashed");
     if (number == nullptr || restored == nullptr || trashed == nullptr) return std::nullopt;
 
-    const std::optional<std::string> id = text("id");
+    std::optional<std::string> id = text("id");
     const std::optional<std::string> summary = text("summary");
     const std::optional<double> seconds = asNumber(*number);
     const std::optional<bool> isRestored = asBoolean(*restored);
@@ -43,7 +52,7 @@ std::optional<HistoryEntry> entryFrom(const nlohmann::json& json) {
     }
     const std::optional<Instant> date = dateFrom(*seconds);
     if (!date) return std::nullopt;
-    HistoryEntry entry{*id, *date, *summary, {}, *isRestored};
+    HistoryEntry entry{uppercaseUUID(std::move(*id)), *date, *summary, {}, *isRestored};
     for (const auto& [original, inTrash] : trashed->items()) {
         std::optional<std::string> place = asText(inTrash);
         if (!place) return std::nullopt;

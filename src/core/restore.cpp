@@ -30,7 +30,10 @@ bool sharesAnItem(const MovedItems& moved, const std::map<std::string, std::stri
 }  // namespace
 
 void AppState::recordSweep(const std::string& summary, const MovedItems& trashed) {
-    HistoryEntry entry{makeUUID(), now(), summary, textsOf(trashed), false};
+    // A name from the disk may be no text; one such line would keep the whole list from being
+    // stored.
+    HistoryEntry entry{makeUUID(), now(), isUTF8(summary) ? summary : pathText(summary),
+                       textsOf(trashed), false};
     const AnimatedChange animated(store_);
     history.update([&](std::vector<HistoryEntry>& entries) {
         entries.insert(entries.begin(), std::move(entry));
@@ -43,9 +46,11 @@ HistoryState AppState::historyState(const HistoryEntry& entry) const {
 }
 
 void AppState::restore(const HistoryEntry& entry) {
+    // The entry may be one of the list that is written here.
+    const std::string id = entry.id;
     std::vector<HistoryEntry> entries = *history;
     const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [&](const HistoryEntry& each) { return each.id == entry.id; });
+                                    [&](const HistoryEntry& each) { return each.id == id; });
     if (found == entries.end()) return;
     const std::map<std::string, std::string> former = found->trashed;
     const PutBackOutcome outcome = putBack(former, platform().files, needs_.remover);
@@ -63,9 +68,9 @@ void AppState::restore(const HistoryEntry& entry) {
         history.setAndRedraw(std::move(entries));
     }
     restoreProblem.update([&](std::map<std::string, std::string>& problems) {
-        problems.erase(entry.id);
+        problems.erase(id);
         if (auto words = putBackProblemWords(outcome)) {
-            problems.emplace(entry.id, std::move(*words));
+            problems.emplace(id, std::move(*words));
         }
     });
     appsScannedAt = std::nullopt;
