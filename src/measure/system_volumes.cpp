@@ -8,6 +8,8 @@ namespace morvane {
 
 namespace {
 
+constexpr std::int64_t mostBytes = std::int64_t{1} << 60;
+
 bool hasRole(const PropertyList& volume, std::string_view role) {
     const PropertyList* roles = volume.find("Roles");
     const PropertyList::Array* list = roles == nullptr ? nullptr : roles->array();
@@ -79,8 +81,9 @@ std::optional<std::int64_t> systemBytesFrom(std::string_view propertyList,
         if (hasRole(volume, "Data")) continue;
         const PropertyList* used = volume.find("CapacityInUse");
         const std::optional<std::int64_t> bytes = used == nullptr ? std::nullopt : used->integer();
-        // Data from outside: a sum beyond the type is no figure at all.
+        // Data from outside: what no disk holds is no figure at all, and would not bear adding up.
         if (bytes && __builtin_add_overflow(sum, *bytes, &sum)) return std::nullopt;
+        if (sum < 0 || sum > mostBytes) return std::nullopt;
     }
     return sum;
 }
