@@ -44,7 +44,8 @@ void FakeWorkspace::chooseFolders(
     const FolderPanel& panel,
     std::function<void(std::optional<std::vector<std::filesystem::path>>)> chosen) {
     panels.push_back(panel);
-    chosen(panelAnswer);
+    if (!later) return chosen(panelAnswer);
+    later([chosen = std::move(chosen), answer = panelAnswer] { chosen(answer); });
 }
 
 std::optional<MetadataStore::Item> FakeMetadata::item(const std::filesystem::path& path) const {

@@ -21,6 +21,8 @@ public:
     std::set<std::uint64_t> refusesToQuit;  // by process
     bool active = true;
     std::optional<std::vector<std::filesystem::path>> panelAnswer;
+    // Takes the panel's answer to a later turn of the main loop; at once where nothing is set.
+    std::function<void(std::function<void()>)> later;
 
     std::vector<std::uint64_t> asked;  // processes asked to end, in order
     std::vector<std::string> openedURLs;
