@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -15,7 +16,9 @@ namespace {
 using morvane::driver::LineReader;
 using morvane::driver::Program;
 
-int refuse(const std::string& line) {
+// Words from outside may hold a line break.
+int refuse(std::string line) {
+    std::replace_if(line.begin(), line.end(), [](char c) { return c >= 0 && c < ' '; }, ' ');
     std::fprintf(stderr, "morvane-driver: %s\n", line.c_str());
     return 2;
 }
