@@ -170,14 +170,14 @@ TEST_F(DeveloperScan, BegunElsewhereIsLookedAtFiveTimesASecond) {
     runUntil([&] { return *state->isScanningDeveloper; });
     state->startScan(true);
     runUntil([&] { return state->finishedCategories->size() == 4; });
-    loop.advance(1010ms);
+    loop.advance(1210ms);
     EXPECT_EQ(*state->scanPhase, ScanPhase::scanning);
     EXPECT_FALSE(hasFinished(developer));
     gate.open();
     runUntil([&] { return !*state->isScanningDeveloper; });
     EXPECT_EQ(*state->scanPhase, ScanPhase::scanning);
     runUntil([&] { return *state->scanPhase == ScanPhase::done; });
-    EXPECT_EQ(*state->scannedAt, system.now + 1200ms);
+    EXPECT_EQ(*state->scannedAt, system.now + 1400ms);
     EXPECT_TRUE(hasFinished(developer));
     EXPECT_EQ(timesAsked("exists /Users/sam/.npm/_cacache"), 1);
 }
