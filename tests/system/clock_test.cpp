@@ -99,6 +99,15 @@ TEST_F(Clock, RunsEverythingThatFallsDueInOrder) {
     EXPECT_EQ(driver().get("fullDiskAccess"), "granted");
 }
 
+TEST_F(Clock, StartsNoneOfTheLoopsThatBelongToTheWindow) {
+    driver().call("finishOnboarding");
+    driver().advance(30 * 86400);
+    EXPECT_EQ(driver().get("lastScanAt"), nullptr);
+    EXPECT_EQ(driver().get("disk").at("totalBytes"), 0);
+    EXPECT_EQ(driver().get("tasks"), Json::array());
+    EXPECT_EQ(driver().effects(), Json::array());
+}
+
 TEST_F(Clock, AdvanceMovesOnWhileATaskIsInTheBackground) {
     disk.gate("gate");
     disk.makeFolder("/Applications/Xcode.app");

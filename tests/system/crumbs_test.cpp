@@ -98,6 +98,13 @@ TEST_F(Crumbs, SizesCountHiddenFilesAndPackagesButNoLinks) {
     EXPECT_EQ(item("caches").at("bytes"), 16384);
 }
 
+TEST_F(Crumbs, ASparseFileCountsTheRoomItTakes) {
+    disk.file(caches + "com.a.One/data", 4096);
+    std::filesystem::resize_file(disk.real(caches + "com.a.One/data"), 4'000'000'000);
+    scan();
+    EXPECT_EQ(item("caches").at("bytes"), 4096);
+}
+
 TEST_F(Crumbs, ALinkInCachesIsWhatGoesAndNotWhatItPointsAt) {
     disk.file("/Users/sam/Precious/data", 40960);
     disk.file(caches + "com.a.One/data", 4096);

@@ -87,6 +87,23 @@ TEST_F(HostAnswers, NoRenameGoesIntoOutOfOrOverAMount) {
     EXPECT_EQ(disk.names("/Users/sam/.Trash"), std::vector<std::string>{"com.a.Two"});
 }
 
+TEST_F(HostAnswers, ATrashOnAnotherVolumeTakesAndGivesNothing) {
+    disk.file("/Users/sam/Library/Caches/com.a.One/data", 4096);
+    disk.makeFolder("/Users/sam/.Trash");
+    scan();
+    driver().host({{"mounts", {"/Users/sam/.Trash"}}});
+    driver().call("sweep", {{"items", {"caches"}}});
+    EXPECT_TRUE(disk.has("/Users/sam/Library/Caches/com.a.One/data"));
+    driver().host({{"mounts", nullptr}});
+    driver().call("sweep", {{"items", {"caches"}}});
+    EXPECT_FALSE(disk.has("/Users/sam/Library/Caches/com.a.One"));
+    driver().host({{"mounts", {"/Users/sam/.Trash"}}});
+    const std::string id = driver().get("history").at(0).at("id");
+    driver().call("restore", {{"entry", id}});
+    EXPECT_EQ(driver().get("restoreProblem"), Json({{id, "1 item couldn’t be put back."}}));
+    EXPECT_TRUE(disk.has("/Users/sam/.Trash/com.a.One/data"));
+}
+
 TEST_F(HostAnswers, HiddenFlagsAndPackageFlagsCountLikeNames) {
     disk.file("/Users/sam/Library/Caches/com.a.One/data", 4096);
     disk.file("/Users/sam/Library/Caches/com.a.Two/data", 4096);

@@ -74,7 +74,7 @@ TEST_F(LargeFiles, AreOfTheKindTheirNameTells) {
 }
 
 TEST_F(LargeFiles, AreAsOldAsTheirLastUse) {
-    for (const std::string name : {"opened", "unopened", "touched", "unknown", "dated"}) {
+    for (const std::string name : {"opened", "unopened", "touched", "unknown", "dated", "made"}) {
         disk.file(home + name, above, 400);
     }
     disk.file(home + "future", above, -5);
@@ -82,9 +82,11 @@ TEST_F(LargeFiles, AreAsOldAsTheirLastUse) {
                              {home + "unopened", {{"added", "2025-07-01T00:00:00Z"}}},
                              // Changed two minutes after it was added.
                              {home + "touched", {{"added", "2025-05-11T11:58:00Z"}}},
-                             {home + "dated", Json::object()}};
+                             {home + "dated", Json::object()},
+                             {home + "made", Json::object()}};
     disk.host["dates"] = {
-        {home + "dated", {{"added", "2025-08-01T00:00:00Z"}, {"created", "2020-01-01T00:00:00Z"}}}};
+        {home + "dated", {{"added", "2025-08-01T00:00:00Z"}, {"created", "2020-01-01T00:00:00Z"}}},
+        {home + "made", {{"created", "2025-05-12T00:00:00Z"}}}};
     find();
     const auto dates = [&](const std::string& name) {
         return Json::array({file(name).at("lastUsed"), file(name).at("since")});
@@ -97,6 +99,7 @@ TEST_F(LargeFiles, AreAsOldAsTheirLastUse) {
     EXPECT_EQ(dates("touched"), Json::array({modified, modified}));
     EXPECT_EQ(dates("unknown"), Json::array({modified, modified}));
     EXPECT_EQ(dates("dated"), Json::array({nullptr, "2025-08-01T00:00:00.000Z"}));
+    EXPECT_EQ(dates("made"), Json::array({nullptr, "2025-05-12T00:00:00.000Z"}));
     EXPECT_EQ(dates("future"), Json::array({now, now}));
 }
 

@@ -91,7 +91,7 @@ protected:
         for (const auto& [id, state] : states.items()) EXPECT_EQ(state, "putBack");
     }
 
-    TestDisk disk{TestDisk::For::bigFiles};
+    TestDisk disk;
 
 private:
     std::unique_ptr<DriverClient> driver_;

@@ -1,6 +1,7 @@
 #include "system/test_disk.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -190,7 +191,10 @@ int TestDisk::waitAtGate(const std::string& name) const {
 }
 
 void TestDisk::open(int gate) {
-    EXPECT_EQ(::write(gate, "go\n", 3), 3);
+    // A tool whose work was cancelled may have been ended by now.
+    if (::write(gate, "go\n", 3) < 0) {
+        EXPECT_EQ(errno, EPIPE);
+    }
     ::close(gate);
 }
 

@@ -60,7 +60,6 @@ TEST_F(Waiting, WaitingForAllIncludesWhatWasCancelled) {
     const int gate = disk.waitAtGate("gate");
     driver().call("cancelScan");
     EXPECT_EQ(driver().get("scanPhase"), "idle");
-    EXPECT_EQ(driver().get("isScanningDeveloper"), true);
     driver().send({{"wait", true}});
     TestDisk::open(gate);
     EXPECT_EQ(driver().answer(), Json({{"result", nullptr}}));
