@@ -161,7 +161,7 @@ TEST_F(LargeFiles, ThatStayAreToldInWords) {
     EXPECT_TRUE(disk.has(home + "a.mov"));
 }
 
-TEST_F(LargeFiles, AreNotLookedForAgainWithinFiveMinutes) {
+TEST_F(LargeFiles, AreNotWalkedAgainWithinFiveMinutes) {
     find();
     disk.file(home + "a.mov", above);
     driver().advance(299.9);

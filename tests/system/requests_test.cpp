@@ -144,9 +144,9 @@ TEST_F(Requests, RefusesDeepNestingOfAnyShape) {
 }
 
 TEST_F(Requests, ReadsALongLineAndRefusesOneBeyondAllMeasure) {
-    std::string text(8'000'000, 'x');
+    std::string text(2'000'000, 'x');
     driver().set({{"appQuery", text}});
-    EXPECT_EQ(driver().get("appQuery").get<std::string>().size(), 8'000'000U);
+    EXPECT_EQ(driver().get("appQuery").get<std::string>().size(), 2'000'000U);
     text.assign((std::size_t{64} << 20) + 1, 'x');
     EXPECT_TRUE(driver().askLine("{\"set\":{\"appQuery\":\"" + text + "\"}}").contains("error"));
     driver().set({{"appQuery", "short"}});
