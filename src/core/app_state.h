@@ -25,6 +25,9 @@ namespace morvane {
 
 class Remover;
 struct SweepOutcome;
+namespace CleanupScanner {
+struct LibraryNames;
+}
 
 // What AppState stands on. All of it outlives the AppState and its tasks.
 struct AppStateNeeds {
@@ -239,7 +242,8 @@ private:
                                       DiskUsage& working);
     static Task<void> runApps(Self self, bool showProgress);
     static Task<void> loadOneApp(Self self, std::filesystem::path bundle, bool includeContainers,
-                                 bool showProgress, std::vector<InstalledApp>& collected);
+                                 const CleanupScanner::LibraryNames& library, bool showProgress,
+                                 std::vector<InstalledApp>& collected);
     static Task<void> runStorage(Self self, bool showProgress);
     static Task<void> scanStorageRoot(Self self, std::filesystem::path root,
                                       const std::set<std::string>& skipped, bool showProgress,

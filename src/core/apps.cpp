@@ -20,12 +20,13 @@ void AppState::scanApps(bool force) {
 }
 
 Task<void> AppState::loadOneApp(Self self, std::filesystem::path bundle, bool includeContainers,
-                                bool showProgress, std::vector<InstalledApp>& collected) {
+                                const CleanupScanner::LibraryNames& library, bool showProgress,
+                                std::vector<InstalledApp>& collected) {
     const Instant now = self->now();
-    std::optional<InstalledApp> app =
-        co_await background([self, now, &bundle, includeContainers](const StopToken& token) {
+    std::optional<InstalledApp> app = co_await background(
+        [self, now, &bundle, includeContainers, &library](const StopToken& token) {
             return CleanupScanner::loadApp(ScanContext{self->platform(), now, token}, bundle,
-                                           includeContainers);
+                                           includeContainers, library);
         });
     if (!app || co_await isCancelled()) co_return;
     app = keepingIgnored(std::move(*app), *self->ignoredFolders);
@@ -44,11 +45,16 @@ Task<void> AppState::runApps(Self self, bool showProgress) {
         co_await background([self, now](const StopToken& token) {
             return CleanupScanner::listApplications(ScanContext{self->platform(), now, token});
         });
+    const CleanupScanner::LibraryNames library =
+        co_await background([self, now](const StopToken& token) {
+            return CleanupScanner::libraryNames(ScanContext{self->platform(), now, token});
+        });
     std::vector<InstalledApp> collected;
     {
         Group children(co_await currentContext());
         for (const std::filesystem::path& bundle : bundles) {
-            children.start(loadOneApp(self, bundle, includeContainers, showProgress, collected));
+            children.start(
+                loadOneApp(self, bundle, includeContainers, library, showProgress, collected));
         }
         co_await children.wait();
     }

@@ -12,6 +12,28 @@ Failure failureFromErrno(int code, const std::filesystem::path& path) {
     return {kind, code, path};
 }
 
+namespace {
+
+// Why Morvane would not act, by the errno that the act would have met.
+std::string refusalWords(int code) {
+    switch (code) {
+        case EXDEV:
+        case EBUSY:
+            return "Another volume is involved.";
+        case EINVAL:
+        case ENOSYS:
+        case ENOTSUP:
+            return "This volume cannot move items safely.";
+        case ENOTDIR:
+        case EPERM:
+            return "The Trash cannot be used.";
+        default:
+            return "The item is not where it was found any more.";
+    }
+}
+
+}  // namespace
+
 std::string describe(const Failure& failure) {
     switch (failure.kind) {
         case Failure::Kind::notFound:
@@ -19,7 +41,7 @@ std::string describe(const Failure& failure) {
         case Failure::Kind::notAllowed:
             return "macOS does not allow it.";
         case Failure::Kind::refused:
-            return "The item is not where it was found any more.";
+            return refusalWords(failure.code);
         case Failure::Kind::failed:
             break;
     }

@@ -17,7 +17,7 @@ struct Failure {
         failed       // anything else
     };
     Kind kind = Kind::failed;
-    int code = 0;  // the system's errno, 0 where Morvane refused
+    int code = 0;  // the system's errno, 0 where no errno says it
     std::filesystem::path path;
 
     bool operator==(const Failure&) const = default;

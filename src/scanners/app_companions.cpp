@@ -52,7 +52,7 @@ std::vector<std::string> namesIn(const ScanContext& scan, const std::filesystem:
 }
 
 void addByIdentifier(const ScanContext& scan, const std::string& id, bool includeContainers,
-                     std::vector<Companion>& found) {
+                     const LibraryNames& names, std::vector<Companion>& found) {
     const std::filesystem::path library = scan.platform.library();
     for (const IdentifierRow& row : identifierRows) {
         if (row.needsContainers && !includeContainers) continue;
@@ -63,7 +63,7 @@ void addByIdentifier(const ScanContext& scan, const std::string& id, bool includ
         found.push_back({std::string(row.kind), library / row.path});
     }
     const std::filesystem::path agents = library / "LaunchAgents";
-    for (const std::string& file : namesIn(scan, agents)) {
+    for (const std::string& file : names.launchAgents) {
         if (file.starts_with(id) && file.ends_with(".plist")) {
             found.push_back({launchAgentsKind, agents / file});
         }
@@ -84,17 +84,16 @@ std::string vendorOf(std::string_view id) {
 // What the vendor's folder holds of this application: all whose name begins with the
 // application's, written without blanks, as in "Acme/SuperEdit2024" of Super Edit.
 void addFromVendor(const ScanContext& scan, const std::string& vendor, const std::string& squashed,
-                   std::vector<Companion>& found) {
+                   const LibraryNames& names, std::vector<Companion>& found) {
     for (const std::string_view folder : namedFolders) {
-        const std::filesystem::path place = scan.platform.library() / folder;
-        const std::vector<std::string> names = namesIn(scan, place);
-        const auto own = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
-            return lowercased(name) == vendor;
-        });
-        if (own == names.end()) continue;
-        for (const std::string& child : namesIn(scan, place / *own)) {
+        const auto entries = names.vendors.find(folder);
+        if (entries == names.vendors.end()) continue;
+        const auto own = entries->second.find(vendor);
+        if (own == entries->second.end()) continue;
+        const std::filesystem::path place = scan.platform.library() / folder / own->second;
+        for (const std::string& child : namesIn(scan, place)) {
             if (lowercased(child).starts_with(squashed)) {
-                found.push_back({std::string(folder), place / *own / child});
+                found.push_back({std::string(folder), place / child});
             }
         }
     }
@@ -112,13 +111,26 @@ std::vector<Companion> existing(const ScanContext& scan, std::vector<Companion> 
 
 }  // namespace
 
+LibraryNames libraryNames(const ScanContext& scan) {
+    LibraryNames names;
+    names.launchAgents = namesIn(scan, scan.platform.library() / "LaunchAgents");
+    for (const std::string_view folder : namedFolders) {
+        auto& entries = names.vendors[std::string(folder)];
+        for (std::string& name : namesIn(scan, scan.platform.library() / folder)) {
+            entries.try_emplace(lowercased(name), name);
+        }
+    }
+    return names;
+}
+
 std::vector<Companion> candidatePaths(const ScanContext& scan,
                                       const std::optional<std::string>& bundleID,
-                                      const std::string& name, bool includeContainers) {
+                                      const std::string& name, bool includeContainers,
+                                      const LibraryNames& library) {
     std::vector<Companion> found;
     const bool hasID = bundleID && isPlainName(*bundleID);
     const bool hasName = isPlainName(name);
-    if (hasID) addByIdentifier(scan, *bundleID, includeContainers, found);
+    if (hasID) addByIdentifier(scan, *bundleID, includeContainers, library, found);
     if (hasName && characterCount(name) >= 3) {
         for (const std::string_view folder : namedFolders) {
             found.push_back({std::string(folder), scan.platform.library() / folder / name});
@@ -127,7 +139,7 @@ std::vector<Companion> candidatePaths(const ScanContext& scan,
     const std::string squashed = lowercased(withoutWhitespace(name));
     const std::string vendor = hasID ? vendorOf(*bundleID) : std::string{};
     if (hasName && characterCount(squashed) > 3 && !vendor.empty()) {
-        addFromVendor(scan, vendor, squashed, found);
+        addFromVendor(scan, vendor, squashed, library, found);
     }
     return existing(scan, std::move(found));
 }

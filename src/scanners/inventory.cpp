@@ -99,7 +99,7 @@ InstalledAppIndex installedAppIndex(const ScanContext& scan) {
 }
 
 std::optional<InstalledApp> loadApp(const ScanContext& scan, const std::filesystem::path& url,
-                                    bool includeContainers) {
+                                    bool includeContainers, const LibraryNames& library) {
     const PropertyList info = bundleInfo(scan, url);
     InstalledApp app{.url = url, .bundleID = textIn(info, "CFBundleIdentifier")};
     if (!isOffered(scan, url, app.bundleID)) return std::nullopt;
@@ -110,7 +110,8 @@ std::optional<InstalledApp> loadApp(const ScanContext& scan, const std::filesyst
     if (scan.token.stop_requested()) return std::nullopt;
 
     app.lastUsed = spotlightLastUsed(scan, url);
-    for (Companion& companion : candidatePaths(scan, app.bundleID, app.name, includeContainers)) {
+    for (Companion& companion :
+         candidatePaths(scan, app.bundleID, app.name, includeContainers, library)) {
         const Measure found = measure(scan, companion.url);
         if (isSignOfUse(companion.kind)) app.lastUsed = std::max(app.lastUsed, found.newest);
         const bool isUnreadable = isUnreadableFolder(scan, companion.url);

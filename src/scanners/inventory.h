@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/apps.h"
+#include "scanners/app_companions.h"
 #include "scanners/scan_context.h"
 
 namespace morvane::CleanupScanner {
@@ -29,7 +30,8 @@ struct InstalledAppIndex {
 // ships with macOS, and when the task was cancelled.
 [[nodiscard]] std::optional<InstalledApp> loadApp(const ScanContext& scan,
                                                   const std::filesystem::path& url,
-                                                  bool includeContainers);
+                                                  bool includeContainers,
+                                                  const LibraryNames& library);
 
 // When the metadata store says the item was opened last.
 [[nodiscard]] std::optional<Instant> spotlightLastUsed(const ScanContext& scan,

@@ -13,7 +13,8 @@ protected:
     [[nodiscard]] Texts found(const std::optional<std::string>& id, const std::string& name,
                               bool includeContainers = true) const {
         Texts texts;
-        for (const Companion& each : candidatePaths(scan(), id, name, includeContainers)) {
+        for (const Companion& each :
+             candidatePaths(scan(), id, name, includeContainers, libraryNames(scan()))) {
             texts.push_back(each.kind + ": " +
                             each.url.lexically_relative(system.platform.library()).native());
         }

@@ -19,7 +19,7 @@ protected:
     }
     [[nodiscard]] std::optional<InstalledApp> load(const Path& bundle,
                                                    bool includeContainers = false) const {
-        return loadApp(scan(), bundle, includeContainers);
+        return loadApp(scan(), bundle, includeContainers, libraryNames(scan()));
     }
     [[nodiscard]] InstalledApp loaded(bool includeContainers = false) const {
         const auto app = load(editor, includeContainers);
@@ -165,7 +165,7 @@ TEST_F(LoadApp, GivesNothingOnceCancelled) {
     addEditor();
     stop.request_stop();
     EXPECT_EQ(load(editor), std::nullopt);
-    EXPECT_FALSE(files.wasAsked("list /Users/sam/Library/LaunchAgents"));
+    EXPECT_FALSE(files.wasAsked("exists /Users/sam/Library/Preferences/com.acme.Editor.plist"));
 }
 
 TEST_F(LoadApp, SurvivesABundleThatVanishes) {

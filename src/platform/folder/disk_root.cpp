@@ -125,6 +125,12 @@ Result<Place> DiskRoot::resolve(const std::filesystem::path& path, bool followLa
             std::string canonical = walk.canonical();
             return Place{std::move(walk.here), name, std::move(canonical)};
         }
+        // Nearly every component is a folder: opening it tells that, and asks nothing else.
+        if (Descriptor next = openAt(walk.here.get(), name, folderFlags)) {
+            walk.here = std::move(next);
+            walk.names.push_back(name);
+            continue;
+        }
         struct stat status{};
         if (::fstatat(walk.here.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
             if (errno != ENOENT || !create) return failureFromErrno(errno, path);
@@ -138,15 +144,17 @@ Result<Place> DiskRoot::resolve(const std::filesystem::path& path, bool followLa
             if (const int code = walk.follow(name); code != 0) return failureFromErrno(code, path);
             continue;
         }
-        if (isLast && !S_ISDIR(status.st_mode)) {
-            if (wantsFolder) return failureFromErrno(ENOTDIR, path);
-            std::string canonical = walk.canonical();
-            return Place{std::move(walk.here), name, std::move(canonical)};
+        if (S_ISDIR(status.st_mode)) {
+            // It refused to be opened, or has just come to be a folder.
+            Descriptor next = openAt(walk.here.get(), name, folderFlags);
+            if (!next) return failureFromErrno(errno, path);
+            walk.here = std::move(next);
+            walk.names.push_back(name);
+            continue;
         }
-        Descriptor next = openAt(walk.here.get(), name, folderFlags);
-        if (!next) return failureFromErrno(errno, path);
-        walk.here = std::move(next);
-        walk.names.push_back(name);
+        if (!isLast || wantsFolder) return failureFromErrno(ENOTDIR, path);
+        std::string canonical = walk.canonical();
+        return Place{std::move(walk.here), name, std::move(canonical)};
     }
     // The path ends in a folder that is open already: name it from the folder above.
     if (walk.names.empty()) return Place{std::move(walk.here), ".", "/"};
