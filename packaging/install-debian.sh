@@ -23,8 +23,9 @@ fi
 echo "Installing:$missing"
 export DEBIAN_FRONTEND=noninteractive
 log="$(mktemp)"
+# A source of somebody else's that cannot be refreshed is no reason to stop: installing tells.
 # shellcheck disable=SC2086 # a list of words
-if ! { $as_root apt-get update && $as_root apt-get install -y --no-install-recommends $missing; } \
+if ! { $as_root apt-get update; $as_root apt-get install -y --no-install-recommends $missing; } \
     >"$log" 2>&1; then
     tail -n 5 "$log" >&2
     rm -f "$log"
