@@ -28,6 +28,9 @@ MAY_REMOVE = {"platform", "removal", "core"}
 # What is left of model and tasks being neighbours.
 TASKS_MAY_TAKE = {"model/instant.h"}
 
+# Who may name the toolkit: the window, and what of the desktop it is the library for.
+TOOLKIT_FOLDERS = ("ui/", "app/", "platform/linux/", "services/feed/")
+
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 TOOLKIT = re.compile(r"^\s*#\s*include\s*<(Q[A-Z]\w*|Qt\w*/.*)>", re.MULTILINE)
 
@@ -45,7 +48,8 @@ def complaints(source, tree):
             yield "takes %s along" % included
         if included == "platform/remover.h" and folder not in MAY_REMOVE:
             yield "must not delete, but names the remover"
-    if folder not in ("ui", "app") and TOOLKIT.search(text):
+    place = source.relative_to(tree / "src").as_posix()
+    if not place.startswith(TOOLKIT_FOLDERS) and TOOLKIT.search(text):
         yield "includes a toolkit"
 
 
