@@ -21,6 +21,7 @@ struct Platform {
     BundleInfo bundle;
     Region region;
     std::filesystem::path home;
+    const BundleResources& resources = emptyBundle;
 
     [[nodiscard]] std::filesystem::path library() const { return home / "Library"; }
 };

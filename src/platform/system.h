@@ -118,6 +118,29 @@ struct BundleInfo {
     std::optional<std::string> shortVersion;
     std::optional<std::string> version;
     std::optional<std::string> copyright;
+    // Where the list of versions lies, and the ed25519 key, in base64, that signs them. Without
+    // either nothing is looked for.
+    std::optional<std::string> updateFeed;
+    std::optional<std::string> updateKey;
 };
+
+// What comes with the program's own bundle beside its information, read when it is asked for. This
+// one is empty. Main thread.
+class BundleResources {
+public:
+    BundleResources() = default;
+    BundleResources(const BundleResources&) = delete;
+    BundleResources& operator=(const BundleResources&) = delete;
+    virtual ~BundleResources() = default;
+
+    // The address of the product's web site.
+    [[nodiscard]] virtual std::string website() const { return {}; }
+    // The text of "Acknowledgements.txt"; nothing where it is missing or cannot be read.
+    [[nodiscard]] virtual std::optional<std::string> acknowledgements() const {
+        return std::nullopt;
+    }
+};
+
+inline const BundleResources emptyBundle;
 
 }  // namespace morvane

@@ -38,7 +38,8 @@ FolderPlatform::FolderPlatform(DiskRoot root, const std::filesystem::path& disk,
       processes_(root_, disk, effects_),
       remover_(root_, host_),
       metadata_(host_),
-      volume_(host_, root_) {
+      volume_(host_, root_),
+      resources_(host_) {
     defaults_.push_back(openDefaults());
 }
 
@@ -50,6 +51,7 @@ void FolderPlatform::start(Executor& executor) {
     assert(!workspace_);
     workspace_.emplace(host_, effects_, executor);
     notifications_.emplace(host_, effects_, executor);
+    updates_.emplace(host_, effects_);
 }
 
 Platform FolderPlatform::platform() {
@@ -63,7 +65,8 @@ Platform FolderPlatform::platform() {
             .volume = volume_,
             .bundle = current->bundle,
             .region = current->region,
-            .home = current->home};
+            .home = current->home,
+            .resources = resources_};
 }
 
 std::unique_ptr<FileDefaults> FolderPlatform::openDefaults() const {
@@ -85,6 +88,7 @@ std::optional<std::string> FolderPlatform::replaceHost(const nlohmann::json& key
     if (workspace_ && find(keys, "runningApplications") != nullptr) {
         workspace_->applicationsReplaced();
     }
+    if (updates_ && find(keys, "updates") != nullptr) updates_->canCheckReplaced();
     return std::nullopt;
 }
 

@@ -13,6 +13,8 @@
 #include "platform/folder/disk_notifications.h"
 #include "platform/folder/disk_processes.h"
 #include "platform/folder/disk_remover.h"
+#include "platform/folder/disk_resources.h"
+#include "platform/folder/disk_updates.h"
 #include "platform/folder/disk_volume.h"
 #include "platform/folder/disk_workspace.h"
 #include "platform/folder/file_defaults.h"
@@ -42,6 +44,7 @@ public:
 
     [[nodiscard]] Platform platform();
     [[nodiscard]] Remover& remover() { return remover_; }
+    [[nodiscard]] UpdateService& updates() { return *updates_; }
     [[nodiscard]] EffectLog& effects() { return effects_; }
     [[nodiscard]] DiskProcesses& processes() { return processes_; }
 
@@ -77,9 +80,11 @@ private:
     DiskRemover remover_;
     DiskMetadata metadata_;
     DiskVolume volume_;
+    DiskResources resources_;
     std::vector<std::unique_ptr<FileDefaults>> defaults_;  // the last ones count
     std::optional<DiskWorkspace> workspace_;
     std::optional<DiskNotifications> notifications_;
+    std::optional<DiskUpdates> updates_;
 };
 
 }  // namespace morvane::folder

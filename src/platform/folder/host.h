@@ -35,6 +35,13 @@ struct Host {
         std::optional<Instant> added;
         std::optional<Instant> created;
     };
+    struct Updates {
+        bool canCheck = true;
+        bool checks = false;
+        bool downloads = false;
+
+        bool operator==(const Updates&) const = default;
+    };
 
     std::filesystem::path home;
     std::optional<Instant> now;  // a virtual clock starts there
@@ -61,6 +68,9 @@ struct Host {
     std::optional<VolumeFigures> volume;
     std::optional<std::string> mountedFrom = "/dev/disk3s1s1";
     std::optional<std::vector<std::filesystem::path>> openPanel;
+    Updates updates;
+    std::string website = "https://example.invalid";
+    std::optional<std::string> acknowledgements;
 };
 
 // The answers in force, replaced as a whole while others read. Any thread.

@@ -81,6 +81,11 @@ Wrong takeOpenPanel(Host& host, const Host&, const HostValue* value) {
     return read(*value, host.openPanel.emplace());
 }
 
+Wrong takeAcknowledgements(Host& host, const Host&, const HostValue* value) {
+    host.acknowledgements.reset();
+    return value == nullptr ? Wrong() : read(*value, host.acknowledgements.emplace());
+}
+
 struct Key {
     const char* name;
     Take take;
@@ -112,6 +117,9 @@ constexpr std::array keys{
     Key{"volume", takeVolume, false, true},
     Key{"mountedFrom", takeDevice, false, true},
     Key{"openPanel", takeOpenPanel, false, true},
+    Key{"updates", take<&Host::updates>},
+    Key{"website", take<&Host::website>},
+    Key{"acknowledgements", takeAcknowledgements},
 };
 
 // Names come from outside and may hold a line break.

@@ -230,12 +230,21 @@ Wrong read(const HostValue& value, VolumeFigures& into) {
          readField(value, "availableForImportantUsage", into.availableForImportantUsage)});
 }
 
+Wrong read(const HostValue& value, Host::Updates& into) {
+    if (!value.json.is_object()) return must(value, "an object");
+    return firstOf({readField(value, "canCheck", into.canCheck),
+                    readField(value, "checks", into.checks),
+                    readField(value, "downloads", into.downloads)});
+}
+
 Wrong read(const HostValue& value, BundleInfo& into) {
     if (!value.json.is_object()) return must(value, "an object");
     return firstOf({readBundleField(value, "identifier", into.identifier),
                     readBundleField(value, "shortVersion", into.shortVersion),
                     readBundleField(value, "version", into.version),
-                    readBundleField(value, "copyright", into.copyright)});
+                    readBundleField(value, "copyright", into.copyright),
+                    readBundleField(value, "updateFeed", into.updateFeed),
+                    readBundleField(value, "updateKey", into.updateKey)});
 }
 
 }  // namespace morvane::folder

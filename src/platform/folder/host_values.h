@@ -32,6 +32,7 @@ Wrong read(const HostValue& value, std::vector<Host::Application>& into);
 Wrong read(const HostValue& value, Host::DiskAccess& into);
 Wrong read(const HostValue& value, Host::NotificationState& into);
 Wrong read(const HostValue& value, VolumeFigures& into);
+Wrong read(const HostValue& value, Host::Updates& into);
 // What the object does not name stays as it is; a key that is null is missing in the bundle.
 Wrong read(const HostValue& value, BundleInfo& into);
 
