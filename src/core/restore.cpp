@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "core/app_state.h"
+#include "core/limits.h"
 #include "model/path_text.h"
 #include "platform/formats/uuid.h"
 #include "platform/remover.h"
@@ -10,8 +11,6 @@
 namespace morvane {
 
 namespace {
-
-constexpr std::size_t mostEntries = 10;
 
 std::map<std::string, std::string> textsOf(const MovedItems& moved) {
     std::map<std::string, std::string> texts;
@@ -37,7 +36,7 @@ void AppState::recordSweep(const std::string& summary, const MovedItems& trashed
     const AnimatedChange animated(store_);
     history.update([&](std::vector<HistoryEntry>& entries) {
         entries.insert(entries.begin(), std::move(entry));
-        if (entries.size() > mostEntries) entries.resize(mostEntries);
+        if (entries.size() > mostHistoryEntries) entries.resize(mostHistoryEntries);
     });
 }
 
