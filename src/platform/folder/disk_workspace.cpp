@@ -64,11 +64,15 @@ bool DiskWorkspace::isActive() const {
 void DiskWorkspace::chooseFolders(
     const FolderPanel& panel,
     std::function<void(std::optional<std::vector<std::filesystem::path>>)> chosen) {
+    recordPanel(panel);
+    executor_.post(
+        [chosen = std::move(chosen), folders = host_.current()->openPanel] { chosen(folders); });
+}
+
+void DiskWorkspace::recordPanel(const FolderPanel& panel) {
     effects_.add({"openPanel", Effect::Fields{{"prompt", panel.prompt},
                                               {"message", panel.message},
                                               {"directory", pathText(panel.directory)}}});
-    executor_.post(
-        [chosen = std::move(chosen), folders = host_.current()->openPanel] { chosen(folders); });
 }
 
 }  // namespace morvane::folder

@@ -9,8 +9,9 @@
 namespace morvane::folder {
 
 // The desktop as the host's answers have it: what it is asked to do is an effect, and nothing
-// happens to this machine's own desktop. All three outlive this object.
-class DiskWorkspace final : public Workspace {
+// happens to this machine's own desktop unless who derives from it does so. All three outlive this
+// object.
+class DiskWorkspace : public Workspace {
 public:
     DiskWorkspace(const HostAnswers& host, EffectLog& effects, Executor& executor);
 
@@ -30,6 +31,10 @@ public:
     void chooseFolders(
         const FolderPanel& panel,
         std::function<void(std::optional<std::vector<std::filesystem::path>>)> chosen) override;
+
+protected:
+    [[nodiscard]] const HostAnswers& host() const { return host_; }
+    void recordPanel(const FolderPanel& panel);
 
 private:
     const HostAnswers& host_;

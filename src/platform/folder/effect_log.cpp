@@ -28,7 +28,17 @@ std::string effectJSON(const Effect& effect) {
 
 void EffectLog::add(Effect effect) {
     const std::lock_guard lock(mutex_);
-    effects_.push_back(std::move(effect));
+    if (sink_) {
+        sink_(effect);
+    } else {
+        effects_.push_back(std::move(effect));
+    }
+}
+
+void EffectLog::handTo(std::function<void(const Effect&)> sink) {
+    const std::lock_guard lock(mutex_);
+    sink_ = std::move(sink);
+    for (const Effect& effect : std::exchange(effects_, {})) sink_(effect);
 }
 
 std::vector<Effect> EffectLog::take() {

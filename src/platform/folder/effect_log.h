@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -23,7 +24,7 @@ struct Effect {
 // The effect as one JSON object, without a line break.
 [[nodiscard]] std::string effectJSON(const Effect& effect);
 
-// What was asked since it was last read, in order. Any thread.
+// What was asked since it was last read, in order, or handed on at once. Any thread.
 class EffectLog {
 public:
     EffectLog() = default;
@@ -31,12 +32,16 @@ public:
     EffectLog& operator=(const EffectLog&) = delete;
 
     void add(Effect effect);
+    // From now on each effect is handed to `sink` on the thread it is asked on, and none is kept.
+    // What was kept before is handed over first. Once.
+    void handTo(std::function<void(const Effect&)> sink);
     // Hands over what stands in the log and empties it.
     [[nodiscard]] std::vector<Effect> take();
 
 private:
     std::mutex mutex_;
     std::vector<Effect> effects_;
+    std::function<void(const Effect&)> sink_;
 };
 
 }  // namespace morvane::folder

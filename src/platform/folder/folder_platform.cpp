@@ -2,7 +2,10 @@
 
 #include <cassert>
 
+#include "platform/folder/desktop_notifications.h"
+#include "platform/folder/desktop_workspace.h"
 #include "platform/folder/disk_access.h"
+#include "platform/folder/disk_notifications.h"
 #include "platform/folder/host_file.h"
 #include "platform/formats/json_fields.h"
 
@@ -47,10 +50,15 @@ FolderPlatform::~FolderPlatform() {
     processes_.endAll();
 }
 
-void FolderPlatform::start(Executor& executor) {
+void FolderPlatform::start(Executor& executor, Surroundings surroundings) {
     assert(!workspace_);
-    workspace_.emplace(host_, effects_, executor);
-    notifications_.emplace(host_, effects_, executor);
+    workspace_ = std::make_unique<DesktopWorkspace>(host_, root_, effects_, executor, surroundings);
+    if (surroundings.desktop == nullptr) {
+        notifications_ = std::make_unique<DiskNotifications>(host_, effects_, executor);
+    } else {
+        notifications_ = std::make_unique<DesktopNotifications>(*surroundings.desktop);
+        effects_.handTo([](const Effect&) {});
+    }
     updates_.emplace(host_, effects_);
 }
 

@@ -8,9 +8,9 @@
 #include <variant>
 #include <vector>
 
+#include "platform/folder/desktop.h"
 #include "platform/folder/disk_file_system.h"
 #include "platform/folder/disk_metadata.h"
-#include "platform/folder/disk_notifications.h"
 #include "platform/folder/disk_processes.h"
 #include "platform/folder/disk_remover.h"
 #include "platform/folder/disk_resources.h"
@@ -39,8 +39,10 @@ public:
     // What the host answers at present; it says at which moment a virtual clock starts.
     [[nodiscard]] std::shared_ptr<const Host> host() const { return host_.current(); }
 
-    // Connects the disk with the main loop, which outlives it. Before any of the following; once.
-    void start(Executor& executor);
+    // Connects the disk with the main loop and with what it is shown on, which outlive it. Before
+    // any of the following; once. With a desktop, which sees for itself what it is asked, the log
+    // of effects keeps none.
+    void start(Executor& executor, Surroundings surroundings = {});
 
     [[nodiscard]] Platform platform();
     [[nodiscard]] Remover& remover() { return remover_; }
@@ -82,8 +84,8 @@ private:
     DiskVolume volume_;
     DiskResources resources_;
     std::vector<std::unique_ptr<FileDefaults>> defaults_;  // the last ones count
-    std::optional<DiskWorkspace> workspace_;
-    std::optional<DiskNotifications> notifications_;
+    std::unique_ptr<DiskWorkspace> workspace_;
+    std::unique_ptr<NotificationCenter> notifications_;
     std::optional<DiskUpdates> updates_;
 };
 

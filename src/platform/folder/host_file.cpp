@@ -76,6 +76,7 @@ Wrong takeDevice(Host& host, const Host& absent, const HostValue* value) {
 }
 
 Wrong takeOpenPanel(Host& host, const Host&, const HostValue* value) {
+    host.hasOpenPanel = value != nullptr;
     host.openPanel.reset();
     if (value == nullptr || value->json.is_null()) return {};
     return read(*value, host.openPanel.emplace());
