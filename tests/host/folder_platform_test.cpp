@@ -112,6 +112,53 @@ TEST_F(StartedPlatform, ReadsItsDefaultsAnewAsARestartWould) {
     EXPECT_EQ(folder->defaults().text("scanSchedule"), "Monthly");
 }
 
+TEST_F(StartedPlatform, ReadsWhatComesWithTheBundleWhenItIsAskedFor) {
+    open(R"({"website": "https://example.org"})");
+    const BundleResources& resources = folder->platform().resources;
+    EXPECT_EQ(resources.website(), "https://example.org");
+    EXPECT_EQ(resources.acknowledgements(), std::nullopt);
+    EXPECT_FALSE(
+        folder->replaceHost(nlohmann::json::parse(R"({"acknowledgements": "Thanks to all."})")));
+    EXPECT_EQ(resources.acknowledgements(), "Thanks to all.");
+    EXPECT_FALSE(folder->replaceHost(nlohmann::json::parse(R"({"acknowledgements": null})")));
+    EXPECT_EQ(resources.acknowledgements(), std::nullopt);
+}
+
+TEST_F(StartedPlatform, TellsAtOnceThatACheckCanOrCannotStart) {
+    open("{}");
+    UpdateService& updates = folder->updates();
+    std::vector<bool> told;
+    const Subscription subscription =
+        updates.observeCanCheck([&] { told.push_back(updates.canCheckForUpdates()); });
+    EXPECT_TRUE(updates.canCheckForUpdates());
+    EXPECT_FALSE(folder->replaceHost(nlohmann::json::parse(R"({"updates": {"canCheck": false}})")));
+    EXPECT_THAT(told, ElementsAre(false));
+    EXPECT_FALSE(folder->replaceHost(nlohmann::json::parse(R"({"active": false})")));
+    EXPECT_FALSE(folder->replaceHost(nlohmann::json::parse(R"({"updates": null})")));
+    EXPECT_THAT(told, ElementsAre(false, true));
+}
+
+TEST_F(StartedPlatform, TakesTheUpdateSwitchesAtTheStartAlone) {
+    open(R"({"updates": {"checks": true}})");
+    UpdateService& updates = folder->updates();
+    EXPECT_TRUE(updates.automaticallyChecks());
+    EXPECT_FALSE(updates.automaticallyDownloads());
+    EXPECT_FALSE(folder->replaceHost(
+        nlohmann::json::parse(R"({"updates": {"checks": false, "downloads": true}})")));
+    EXPECT_TRUE(updates.automaticallyChecks());
+    EXPECT_FALSE(updates.automaticallyDownloads());
+}
+
+TEST_F(StartedPlatform, LogsACheckForUpdatesThatCanStart) {
+    open("{}");
+    folder->updates().start();
+    folder->updates().checkForUpdates();
+    EXPECT_THAT(folder->effects().take(), ElementsAre(Effect{"checkForUpdates", true}));
+    EXPECT_FALSE(folder->replaceHost(nlohmann::json::parse(R"({"updates": {"canCheck": false}})")));
+    folder->updates().checkForUpdates();
+    EXPECT_THAT(folder->effects().take(), ElementsAre());
+}
+
 TEST_F(StartedPlatform, ChangesNothingForARequestWithOneWrongKey) {
     open("{}");
     EXPECT_EQ(folder->replaceHost(nlohmann::json::parse(R"({"active": false, "mounts": 1})")),

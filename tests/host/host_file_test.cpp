@@ -57,6 +57,11 @@ void expectWhatHoldsWithoutKeys(const Host& host) {
     EXPECT_FALSE(host.hasVolume);
     EXPECT_EQ(host.mountedFrom, "/dev/disk3s1s1");
     EXPECT_FALSE(host.openPanel.has_value());
+    EXPECT_FALSE(host.bundle.updateFeed.has_value());
+    EXPECT_FALSE(host.bundle.updateKey.has_value());
+    EXPECT_EQ(host.updates, (Host::Updates{true, false, false}));
+    EXPECT_EQ(host.website, "https://example.invalid");
+    EXPECT_FALSE(host.acknowledgements.has_value());
 }
 
 TEST_F(HostFile, IsOptionalAndSoIsEveryKey) {
@@ -87,7 +92,9 @@ TEST_F(HostFile, GivesAnswersToAll) {
         "dates": {"/g": {"added": "2026-11-21T12:00:00.5Z", "created": null}},
         "notifications": "ephemeral", "answersNotifications": "denied",
         "volume": {"name": "Disk", "total": 9007199254740993, "available": null},
-        "mountedFrom": "/dev/disk1s1", "openPanel": ["/i"], "website": 5, "later": {}})");
+        "mountedFrom": "/dev/disk1s1", "openPanel": ["/i"],
+        "updates": {"canCheck": false, "downloads": true, "checks": null, "feed": 1},
+        "website": "https://example.org", "acknowledgements": "Thanks.\n", "later": {}})");
     EXPECT_EQ(host.home, "/Users/anna");
     EXPECT_EQ(host.now, noon);
     EXPECT_EQ(host.region.timeZone, "Europe/Berlin");
@@ -124,6 +131,9 @@ TEST_F(HostFile, GivesAnswersToAll) {
     EXPECT_FALSE(host.volume->available.has_value());
     EXPECT_EQ(host.mountedFrom, "/dev/disk1s1");
     EXPECT_EQ(host.openPanel, Paths({"/i"}));
+    EXPECT_EQ(host.updates, (Host::Updates{false, false, true}));
+    EXPECT_EQ(host.website, "https://example.org");
+    EXPECT_EQ(host.acknowledgements, "Thanks.\n");
 }
 
 TEST_F(HostFile, TakesNullForAnAnswerWhereItIsOne) {
@@ -192,6 +202,17 @@ TEST_F(HostFile, NamesTheKeyOfAWrongType) {
               "host.json: volume.total must be a whole number of bytes");
     EXPECT_EQ(wrong(R"({"mountedFrom": 5})"), "host.json: mountedFrom must be a text");
     EXPECT_EQ(wrong(R"({"openPanel": "/a"})"), "host.json: openPanel must be a list");
+    EXPECT_EQ(wrong(R"({"updates": true})"), "host.json: updates must be an object");
+    EXPECT_EQ(wrong(R"({"updates": {"canCheck": 1}})"),
+              "host.json: updates.canCheck must be true or false");
+    EXPECT_EQ(wrong(R"({"updates": {"checks": "no"}})"),
+              "host.json: updates.checks must be true or false");
+    EXPECT_EQ(wrong(R"({"updates": {"downloads": []}})"),
+              "host.json: updates.downloads must be true or false");
+    EXPECT_EQ(wrong(R"({"bundle": {"updateFeed": 1}})"),
+              "host.json: bundle.updateFeed must be a text");
+    EXPECT_EQ(wrong(R"({"website": 5})"), "host.json: website must be a text");
+    EXPECT_EQ(wrong(R"({"acknowledgements": {}})"), "host.json: acknowledgements must be a text");
 }
 
 TEST_F(HostFile, MustBeJSONWithAnObject) {
