@@ -97,7 +97,7 @@ bool CountingFiles::walk(const std::filesystem::path& path, const WalkOptions& o
 TreeSize CountingFiles::treeSize(const std::filesystem::path& path, bool withDates,
                                  const StopToken& token) const {
     SizeVisit visit;
-    walk(path, WalkOptions{.dates = withDates}, visit, token);
+    if (!walk(path, WalkOptions{.dates = withDates}, visit, token)) return {.isUnreadable = true};
     return visit.size;
 }
 

@@ -55,6 +55,7 @@ enum class Probe : std::uint8_t { opened, refused, failed };
 struct TreeSize {
     std::int64_t bytes = 0;         // allocated sizes of the regular files
     std::optional<Instant> newest;  // latest modification of a regular file, when asked for
+    bool isUnreadable = false;      // the folder itself could not be listed to its end
 };
 
 // A folder that a deep walk is in. Valid for the length of the call it is handed to, or longer
@@ -155,7 +156,7 @@ public:
     virtual bool walk(const std::filesystem::path& path, const WalkOptions& options,
                       FolderVisit& root, const StopToken& token) const = 0;
 
-    // The same walk, adding up. A folder that cannot be opened gives 0 and no date.
+    // The same walk, adding up. A folder that cannot be opened is unreadable, with 0 and no date.
     [[nodiscard]] virtual TreeSize treeSize(const std::filesystem::path& path, bool withDates,
                                             const StopToken& token) const = 0;
 };

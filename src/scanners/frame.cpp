@@ -23,7 +23,7 @@ Measure measure(const ScanContext& scan, const std::filesystem::path& url) {
     if (!found.ok()) return {};
     if (found->kind == EntryKind::folder) {
         const TreeSize size = folderSize(scan, url, true);
-        return {size.bytes, size.newest, found->folder};
+        return {size.bytes, size.newest, found->folder, size.isUnreadable};
     }
     return {found->allocatedBytes, found->modified, found->folder};
 }

@@ -17,6 +17,7 @@ struct Measure {
     std::int64_t bytes = 0;
     std::optional<Instant> newest;
     FolderIdentity folder;
+    bool isUnreadable = false;  // a folder that could not be listed
 };
 
 // The children of a folder without the hidden ones; empty when it cannot be listed.

@@ -63,11 +63,6 @@ std::string versionIn(const PropertyList& info) {
     return std::move(version).value_or("—");
 }
 
-bool isUnreadableFolder(const ScanContext& scan, const std::filesystem::path& url) {
-    const Result<Attributes> found = scan.platform.files.attributes(url);
-    return found.ok() && found->kind == EntryKind::folder && !scan.platform.files.names(url).ok();
-}
-
 }  // namespace
 
 std::vector<std::filesystem::path> listApplications(const ScanContext& scan) {
@@ -114,9 +109,8 @@ std::optional<InstalledApp> loadApp(const ScanContext& scan, const std::filesyst
          candidatePaths(scan, app.bundleID, app.name, includeContainers, library)) {
         const Measure found = measure(scan, companion.url);
         if (isSignOfUse(companion.kind)) app.lastUsed = std::max(app.lastUsed, found.newest);
-        const bool isUnreadable = isUnreadableFolder(scan, companion.url);
         app.parts.push_back({std::move(companion.kind), std::move(companion.url), found.bytes,
-                             isUnreadable, found.folder});
+                             found.isUnreadable, found.folder});
     }
     if (app.lastUsed) app.lastUsed = std::min(*app.lastUsed, scan.now);
     return app;

@@ -132,7 +132,7 @@ bool FakeFiles::walk(const Path& path, const WalkOptions& options, FolderVisit& 
 TreeSize FakeFiles::treeSize(const Path& path, bool withDates, const StopToken& token) const {
     SummingVisit visit;
     const WalkOptions options{.dates = withDates};
-    FakeWalk(*this, options, token).run(path, visit);
+    if (!FakeWalk(*this, options, token).run(path, visit)) return {.isUnreadable = true};
     return visit.size();
 }
 

@@ -171,9 +171,9 @@ class VirtualDesktop:
 
     def has_name(self, name):
         """Whether somebody on the bus owns that name."""
-        answer = self.run(["gdbus", "call", "--session", "--dest", "org.freedesktop.DBus",
-                           "--object-path", "/org/freedesktop/DBus",
-                           "--method", "org.freedesktop.DBus.NameHasOwner", name])
+        answer = self.run(["dbus-send", "--session", "--print-reply=literal",
+                           "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus",
+                           "org.freedesktop.DBus.NameHasOwner", "string:" + name])
         return "true" in answer.stdout
 
     def start_peer(self, command, name, **options):

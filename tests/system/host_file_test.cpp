@@ -59,7 +59,11 @@ TEST_F(HostFile, RefusesAKeyOfAWrongTypeByItsName) {
         {"volume", R"({"total":"much"})"},
         {"mountedFrom", "1"},
         {"openPanel", R"("/a")"},
-        {"openPanel", "[1]"}};
+        {"openPanel", "[1]"},
+        {"updates", "true"},
+        {"updates", R"({"canCheck":"yes"})"},
+        {"website", "1"},
+        {"acknowledgements", "[]"}};
     for (const auto& [key, value] : wrong) {
         expectRefusal(disk, "{\"" + key + "\":" + value + "}", key);
     }

@@ -7,6 +7,10 @@
 
 namespace morvane::driver {
 
+void EffectWindows::open(std::string_view identifier) {
+    effects_.add({"openWindow", std::string(identifier)});
+}
+
 std::variant<std::unique_ptr<Program>, std::string> Program::open(
     const std::filesystem::path& disk) {
     auto opened = folder::FolderPlatform::open(disk);
@@ -16,9 +20,10 @@ std::variant<std::unique_ptr<Program>, std::string> Program::open(
 }
 
 Program::Program(std::unique_ptr<folder::FolderPlatform> system)
-    : system_(std::move(system)), loop_(system_->host()->now) {
+    : system_(std::move(system)), loop_(system_->host()->now), windows_(system_->effects()) {
     system_->start(loop_);
     scope_ = std::make_unique<Scope>(Runtime{loop_, pool_});
+    updater_ = std::make_unique<Updater>(system_->updates());
     begin();
 }
 
@@ -27,10 +32,13 @@ Program::~Program() = default;
 void Program::begin() {
     state_ = AppState::create(
         {Runtime{loop_, pool_}, system_->platform(), system_->remover(), system_->defaults()});
+    screens_ =
+        std::make_unique<screens::Screens>(screens::ScreenNeeds{*state_, *updater_, windows_});
 }
 
 void Program::endRun() {
     loop_.runUntil([&] { return !state_->isRemoving(); });
+    screens_.reset();
     state_->drop();
     system_->defaults().flush();
     formerRuns_.push_back(std::move(state_));

@@ -8,11 +8,23 @@
 
 #include "core/app_state.h"
 #include "platform/folder/folder_platform.h"
+#include "services/updater.h"
 #include "tasks/event_loop.h"
 #include "tasks/pool.h"
 #include "tasks/scope.h"
+#include "ui/screens/screens.h"
 
 namespace morvane::driver {
+
+// Windows that are only asked for: opening one is an effect.
+class EffectWindows final : public screens::Windows {
+public:
+    explicit EffectWindows(folder::EffectLog& effects) : effects_(effects) {}
+    void open(std::string_view identifier) override;
+
+private:
+    folder::EffectLog& effects_;
+};
 
 // The program on a disk in a folder: its loop, its system, and the AppState of the present run.
 // Main thread.
@@ -27,6 +39,7 @@ public:
 
     [[nodiscard]] EventLoop& loop() { return loop_; }
     [[nodiscard]] AppState& state() { return *state_; }
+    [[nodiscard]] screens::Screens& screens() { return *screens_; }
     [[nodiscard]] folder::FolderPlatform& system() { return *system_; }
     // For work of the driver's own, off the main thread too.
     [[nodiscard]] Scope& scope() { return *scope_; }
@@ -51,7 +64,10 @@ private:
     EventLoop loop_;
     Pool pool_;
     std::unique_ptr<Scope> scope_;
+    std::unique_ptr<Updater> updater_;
+    EffectWindows windows_;
     std::shared_ptr<AppState> state_;
+    std::unique_ptr<screens::Screens> screens_;
     // Runs that ended while tasks of theirs still waited for something.
     std::vector<std::shared_ptr<AppState>> formerRuns_;
 };

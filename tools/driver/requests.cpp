@@ -1,6 +1,8 @@
 #include "driver/requests.h"
 
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
@@ -9,6 +11,7 @@
 #include "driver/calls.h"
 #include "driver/fields.h"
 #include "driver/forms.h"
+#include "driver/screen_requests.h"
 #include "driver/settings.h"
 #include "platform/formats/json.h"
 #include "platform/formats/json_fields.h"
@@ -27,15 +30,42 @@ std::string resultAnswer(Answer result) {
     return written({{"result", std::move(result)}});
 }
 
-std::string runCall(const json& request, Program& program) {
-    const json* arguments = find(request, "args");
+// Runs `begin`; with `wait`, until everything that was begun in its course has ended.
+void runWork(const std::function<void()>& begin, bool wait, Program& program) {
+    auto work = std::make_shared<WorkInProgress>();
+    {
+        const WorkGuard guard(work);
+        begin();
+    }
+    if (wait) program.loop().runUntil([&] { return work->tasks == 0; });
+}
+
+// The keys beside `key` are among `others`, and "wait" is a boolean where it is there; else one
+// sentence.
+std::optional<std::string> checkKeys(const json& request, std::string_view key,
+                                     std::initializer_list<std::string_view> others) {
+    for (const auto& [each, value] : request.items()) {
+        if (each == key || std::find(others.begin(), others.end(), each) != others.end()) continue;
+        return "\"" + each.substr(0, 80) + "\" does not go with \"" + std::string(key) + "\"";
+    }
     const json* waits = find(request, "wait");
+    if (waits != nullptr && !waits->is_boolean()) return "\"wait\" is not a boolean";
+    return std::nullopt;
+}
+
+bool waits(const json& request) {
+    const json* wait = find(request, "wait");
+    return wait == nullptr || *asBoolean(*wait);
+}
+
+std::string runCall(const json& request, Program& program) {
+    if (const auto error = checkKeys(request, "call", {"args", "wait"})) return errorAnswer(*error);
+    const json* arguments = find(request, "args");
     const std::optional<std::string> name = asText(*find(request, "call"));
     if (!name) return errorAnswer("\"call\" is not a text");
     if (arguments != nullptr && !arguments->is_object()) {
         return errorAnswer("\"args\" is not an object");
     }
-    if (waits != nullptr && !waits->is_boolean()) return errorAnswer("\"wait\" is not a boolean");
     const auto found = calls().find(*name);
     if (found == calls().end()) {
         return errorAnswer("there is no call \"" + name->substr(0, 80) + "\"");
@@ -46,14 +76,23 @@ std::string runCall(const json& request, Program& program) {
     if (values.error()) return errorAnswer(*values.error());
 
     auto result = std::make_shared<Answer>(nullptr);
-    auto work = std::make_shared<WorkInProgress>();
-    {
-        const WorkGuard guard(work);
-        invocation.begin(result);
-    }
-    const bool wait = waits == nullptr || *asBoolean(*waits) || invocation.isAwaited;
-    if (wait) program.loop().runUntil([&] { return work->tasks == 0; });
+    runWork([&] { invocation.begin(result); }, waits(request) || invocation.isAwaited, program);
     return resultAnswer(std::move(*result));
+}
+
+template <Work (*read)(const json&, Program&)>
+std::string runScreenWork(const json& request, Program& program, std::string_view key) {
+    if (const auto error = checkKeys(request, key, {"wait"})) return errorAnswer(*error);
+    Work work = read(request, program);
+    if (const auto* error = std::get_if<std::string>(&work)) return errorAnswer(*error);
+    runWork(std::get<std::function<void()>>(work), waits(request), program);
+    return resultAnswer(nullptr);
+}
+
+std::string showScreen(const json& request, Program& program) {
+    auto screen = readScreen(request, program);
+    if (const auto* error = std::get_if<std::string>(&screen)) return errorAnswer(*error);
+    return resultAnswer(std::move(std::get<Answer>(screen)));
 }
 
 std::string waitForAll(const json& value, Program& program) {
@@ -126,14 +165,15 @@ std::string answerTo(std::string_view line, Program& program) {
     if (!document) return errorAnswer("the line is not JSON");
     const json& request = document->root();
     if (!request.is_object()) return errorAnswer("the line is not a JSON object");
-    if (find(request, "call") != nullptr) {
-        for (const auto& [key, value] : request.items()) {
-            if (key != "call" && key != "args" && key != "wait") {
-                return errorAnswer("\"" + key.substr(0, 80) + "\" does not go with \"call\"");
-            }
-        }
-        return runCall(request, program);
+    if (find(request, "call") != nullptr) return runCall(request, program);
+    if (find(request, "screen") != nullptr) return showScreen(request, program);
+    if (find(request, "appear") != nullptr) {
+        return runScreenWork<appearance>(request, program, "appear");
     }
+    if (find(request, "becameActive") != nullptr) {
+        return runScreenWork<activation>(request, program, "becameActive");
+    }
+    if (find(request, "press") != nullptr) return runScreenWork<press>(request, program, "press");
     if (request.size() != 1) return errorAnswer("a request has exactly one key");
     const std::string& key = request.begin().key();
     for (const Kind& kind : kinds) {

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/folder/straight_path.h"
+
 namespace morvane::folder {
 
 namespace {
@@ -103,8 +105,29 @@ struct DiskRoot::Walk {
     }
 };
 
+// Most paths have no link on the way, and then one question replaces one for each component.
+std::optional<Result<Place>> DiskRoot::resolveStraight(const std::filesystem::path& path,
+                                                       bool followLast) const {
+    std::optional<StraightPath> straight = straightPath(path.native());
+    if (!straight) return std::nullopt;
+    Descriptor folder = openStraight(root_.get(), straight->folder);
+    if (!folder) return std::nullopt;
+    if (followLast) {
+        struct stat status{};
+        if (::fstatat(folder.get(), straight->name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+            return failureFromErrno(errno, path);
+        }
+        if (S_ISLNK(status.st_mode)) return std::nullopt;
+    }
+    return Place{std::move(folder), std::move(straight->name), std::move(straight->folder)};
+}
+
 Result<Place> DiskRoot::resolve(const std::filesystem::path& path, bool followLast,
                                 bool create) const {
+    if (!create) {
+        std::optional<Result<Place>> straight = resolveStraight(path, followLast);
+        if (straight) return *std::move(straight);
+    }
     const std::string& bytes = path.native();
     if (bytes.find('\0') != std::string::npos) return failureFromErrno(ENOENT, path);
     Walk walk{*this, {}, {}, {}};

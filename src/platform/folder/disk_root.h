@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "platform/failure.h"
@@ -21,7 +22,7 @@ struct Place {
 
 // The folder that stands for "/". Paths are resolved as if it were the top: neither an absolute
 // link nor ".." leads out of it, and after 32 links a path counts as not there. Paths of any length
-// work, since they are resolved component by component. Any thread.
+// work, since the long ones and those with links are resolved component by component. Any thread.
 class DiskRoot {
 public:
     // `folder` is a folder of this machine; a relative one is made absolute.
@@ -47,6 +48,9 @@ private:
     struct Walk;
     DiskRoot(Descriptor root, std::filesystem::path folder)
         : root_(std::move(root)), folder_(std::move(folder)) {}
+    // Nothing where links have to be followed.
+    [[nodiscard]] std::optional<Result<Place>> resolveStraight(const std::filesystem::path& path,
+                                                               bool followLast) const;
     [[nodiscard]] Result<Place> resolve(const std::filesystem::path& path, bool followLast,
                                         bool create) const;
 

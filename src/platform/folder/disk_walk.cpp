@@ -42,7 +42,7 @@ TreeSize DiskFileSystem::treeSize(const std::filesystem::path& path, bool withDa
     HostMarks marks;
     marks.addLists(disk_, *host_.current());
     Result<OpenFolder> opened = openFolder(path, marks);
-    if (!opened.ok()) return {};
+    if (!opened.ok()) return {.isUnreadable = true};
 
     std::mutex mutex;
     TreeSize sum;
@@ -54,12 +54,14 @@ TreeSize DiskFileSystem::treeSize(const std::filesystem::path& path, bool withDa
             crew.work([&lane](WalkFrame folder) { lane.run(std::move(folder)); });
             const std::lock_guard lock(mutex);
             sum.bytes += lane.size().bytes;
+            sum.isUnreadable = sum.isUnreadable || lane.size().isUnreadable;
             if (!sum.newest || (lane.size().newest && *lane.size().newest > *sum.newest)) {
                 sum.newest = lane.size().newest;
             }
         };
-        crew.offer(
-            {.folder = std::move(opened->folder), .marks = marks.find(opened->canonicalPath)});
+        crew.offer({.folder = std::move(opened->folder),
+                    .isTop = true,
+                    .marks = marks.find(opened->canonicalPath)});
         addUp();
     }
     return sum;

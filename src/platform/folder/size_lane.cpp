@@ -44,6 +44,8 @@ std::optional<WalkFrame> SizeLane::enter(WalkFrame& parent, const NameList::Name
     return child;
 }
 
-void SizeLane::leave(WalkFrame& /*frame*/) {}
+void SizeLane::leave(WalkFrame& frame) {
+    if (frame.isTop) size_.isUnreadable = frame.isCutShort;
+}
 
 }  // namespace morvane::folder

@@ -15,7 +15,9 @@ struct WalkFrame {
     FolderIdentity identity;            // known at the latest when it is closed
     NameList below;                     // subfolders still to be gone into
     bool allRead = false;               // nothing more to be listed
+    bool isCutShort = false;            // its listing ended in an error
     bool isLarge = false;               // too much unread to be closed early
+    bool isTop = false;                 // the folder that the walk began in
     WalkNode* node = nullptr;           // where each folder has a visit
     const MarkedItem* marks = nullptr;  // null where nothing at or below it is marked
 };

@@ -47,6 +47,7 @@ void WalkLane::run(WalkFrame top) {
 void WalkLane::readOn(WalkFrame& frame) {
     if (!listing_.read(frame.folder.get())) {
         frame.allRead = true;
+        frame.isCutShort = errno != 0;
         return;
     }
     listed_ += listing_.size();

@@ -93,13 +93,13 @@ bool isRow(const T& entry, std::int64_t place, const std::string& row) {
 
 template <class T>
 Control controlOf(const T& value) {
-    if constexpr (std::is_same_v<T, Button>) {
-        return {.kind = Control::Kind::plain, .enabled = value.enabled};
-    } else if constexpr (std::is_same_v<T, Switch>) {
+    if constexpr (std::is_same_v<T, Switch>) {
         return {.kind = Control::Kind::toggle, .enabled = value.enabled};
     } else if constexpr (std::is_same_v<T, Choice>) {
         return {.kind = Control::Kind::choice,
                 .optionCount = static_cast<std::int64_t>(value.options.size())};
+    } else if constexpr (requires { value.enabled; }) {
+        return {.enabled = value.enabled};
     } else {
         return {};
     }
