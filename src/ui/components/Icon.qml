@@ -1,0 +1,36 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Theme
+
+// A named symbol in a square; "morvane" is the brand's own.
+Item {
+    id: root
+
+    property string name
+    property real size: 16
+    property color tint: Theme.ink
+    readonly property bool brand: name === "morvane"
+
+    implicitWidth: size
+    implicitHeight: size
+
+    Symbol {
+        anchors.centerIn: parent
+        visible: !root.brand && root.name !== ""
+        name: root.brand ? "" : root.name
+        size: root.size * 0.85
+        color: root.tint
+    }
+
+    Loader {
+        anchors.centerIn: parent
+        active: root.brand
+        sourceComponent: Component {
+            SweepGlyph {
+                size: root.size
+                lineWidth: 1.8
+                color: root.tint
+            }
+        }
+    }
+}

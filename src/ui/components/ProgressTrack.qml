@@ -1,0 +1,36 @@
+import QtQuick
+import Morvane.Components
+import Morvane.Theme
+
+// How much of a whole is done or full. With a name it is a progress bar to an assistive client,
+// without one it is decoration beside words that say the same.
+Item {
+    id: root
+
+    property real fraction: 0
+    property color tint: Theme.accent
+    property string name
+    readonly property real part: fraction > 0 ? Math.min(fraction, 1) : 0
+
+    implicitWidth: 100
+    implicitHeight: 5
+
+    Accessible.role: Accessible.ProgressBar
+    Accessible.name: root.name
+    Accessible.description: Speech.percent(root.part)
+    Accessible.ignored: root.name === ""
+
+    Rectangle {
+        anchors.fill: parent
+        radius: height / 2
+        color: Theme.trackFill
+    }
+
+    Rectangle {
+        width: root.width * root.part
+        height: root.height
+        radius: height / 2
+        visible: width > 0
+        color: root.tint
+    }
+}

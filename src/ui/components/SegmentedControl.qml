@@ -1,0 +1,72 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Theme
+
+// A choice of one among a few. Without a selection no segment stands out. One stop for Tab: arrows
+// go from segment to segment, and Space or Return chooses.
+Item {
+    id: root
+
+    // What the choice is about, for an assistive client; null where it has no words.
+    property var label: null
+    property var options: []
+    property int selected: -1
+    // The segment that Tab comes to.
+    property int stop: Math.max(0, Math.min(selected, row.count - 1))
+
+    signal chosen(int index)
+
+    function go(index: int) {
+        if (index < 0 || index >= segments.count)
+            return
+        stop = index
+        segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    implicitWidth: row.implicitWidth + 4
+    implicitHeight: 24
+    activeFocusOnTab: false
+    onSelectedChanged: stop = Qt.binding(() => Math.max(0, Math.min(selected, row.count - 1)))
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: root.label ?? ""
+
+    RoundedBox {
+        anchors.fill: parent
+        radius: 7
+        color: Theme.segmentTrack
+    }
+
+    SegmentThumb {
+        segment: root.selected >= 0 ? segments.itemAt(root.selected) : null
+        shown: root.selected >= 0 && root.selected < segments.count
+        faded: !root.enabled
+    }
+
+    Row {
+        id: row
+
+        readonly property int count: segments.count
+
+        x: 2
+        y: 2
+
+        Repeater {
+            id: segments
+
+            model: root.options
+
+            Segment {
+                required property int index
+                required property var modelData
+
+                name: modelData
+                selected: index === root.selected
+                tabStop: index === root.stop
+                onActivated: root.chosen(index)
+                onWent: steps => root.go(steps === 0 ? index : index + steps)
+                onWentTo: place => root.go(place < 0 ? segments.count - 1 : place)
+            }
+        }
+    }
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+#include <QQmlEngine>
+#include <QString>
+
+namespace morvane {
+
+// The text as one line shows it: a line break, a tab or another control character of a name is a
+// visible blank, "␣", so that the name stays on its line and in its place, and nobody mistakes it
+// for a name without it. With `keepsLines` line breaks stay.
+[[nodiscard]] QString shownText(const QString& text, bool keepsLines);
+
+// What the controls tell an assistive client, and how they show a text that came from outside.
+class Speech : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+    // The description of every control that cannot be used now, and of nothing else. The toolkit
+    // passes the enabled state on to nobody.
+    Q_PROPERTY(QString unavailable READ unavailable CONSTANT FINAL)
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] QString unavailable() const { return QStringLiteral("unavailable"); }
+
+    // See `shownText`.
+    [[nodiscard]] Q_INVOKABLE QString shown(const QString& text, bool keepsLines) const;
+
+    // A fraction of 0 to 1 as a whole per cent, "40%".
+    [[nodiscard]] Q_INVOKABLE QString percent(double fraction) const;
+};
+
+}  // namespace morvane

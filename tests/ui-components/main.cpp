@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QtPlugin>
+
+Q_IMPORT_PLUGIN(Morvane_ArtPlugin)
+Q_IMPORT_PLUGIN(Morvane_ThemePlugin)
+Q_IMPORT_PLUGIN(Morvane_ComponentsPlugin)
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
