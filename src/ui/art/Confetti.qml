@@ -1,4 +1,5 @@
 import QtQuick
+import Morvane.Art
 
 // A burst of paper while `running`. Without motion it stands with every piece well on its way.
 Item {

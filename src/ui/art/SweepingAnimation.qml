@@ -1,4 +1,5 @@
 import QtQuick
+import Morvane.Art
 
 // The pan at work while `running`. Without motion it stands with crumbs on their way.
 Item {

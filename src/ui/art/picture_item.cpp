@@ -12,10 +12,7 @@ namespace {
 
 class PictureNode final : public PixelGridNode {
 public:
-    explicit PictureNode(QSGImageNode* image) : image_(image) {
-        image_->setFiltering(QSGTexture::Linear);
-        appendChildNode(image_);
-    }
+    explicit PictureNode(QSGImageNode* image) : image_(image) { appendChildNode(image_); }
 
     void setTexture(std::shared_ptr<QSGTexture> texture) {
         image_->setTexture(texture.get());
@@ -24,7 +21,10 @@ public:
     }
 
 protected:
-    void show(const QRectF& place) override { image_->setRect(place); }
+    void show(const QRectF& place, QSGTexture::Filtering filtering) override {
+        image_->setRect(place);
+        image_->setFiltering(filtering);
+    }
 
 private:
     std::shared_ptr<QSGTexture> texture_;

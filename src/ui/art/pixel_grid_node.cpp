@@ -42,12 +42,14 @@ void PixelGridNode::setPlace(const QRectF& place, double pixelRatio) {
 
 void PixelGridNode::preprocess() {
     QPointF corner = place_.topLeft();
-    if (const std::optional<QPointF> origin = originOf(*this))
-        corner += toPixelGrid(*origin + corner, pixelRatio_);
-    if (!stale_ && corner == shown_) return;
+    const std::optional<QPointF> origin = originOf(*this);
+    const bool onGrid = origin.has_value();
+    if (onGrid) corner += toPixelGrid(*origin + corner, pixelRatio_);
+    if (!stale_ && corner == shown_ && onGrid == onGrid_) return;
     stale_ = false;
     shown_ = corner;
-    show(QRectF(corner, place_.size()));
+    onGrid_ = onGrid;
+    show(QRectF(corner, place_.size()), onGrid ? QSGTexture::Nearest : QSGTexture::Linear);
 }
 
 }  // namespace morvane

@@ -2,6 +2,7 @@
 
 #include <QRectF>
 #include <QSGNode>
+#include <QSGTexture>
 
 namespace morvane {
 
@@ -19,13 +20,15 @@ public:
     void preprocess() override;
 
 protected:
-    // Shows the picture in `place`.
-    virtual void show(const QRectF& place) = 0;
+    // Shows the picture in `place`. On the grid its pixels are the screen's and are copied; where
+    // the scene turns or scales it they are mixed.
+    virtual void show(const QRectF& place, QSGTexture::Filtering filtering) = 0;
 
 private:
     QRectF place_;
     QPointF shown_;
     double pixelRatio_ = 1;
+    bool onGrid_ = true;
     bool stale_ = true;
 };
 

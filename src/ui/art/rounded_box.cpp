@@ -1,8 +1,12 @@
 #include "ui/art/rounded_box.h"
 
 #include <QQuickWindow>
-#include <QSGNinePatchNode>
+#include <QSGImageNode>
 #include <cmath>
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "ui/art/pixel_grid_node.h"
 #include "ui/art/shared_textures.h"
@@ -10,28 +14,83 @@
 namespace morvane {
 namespace {
 
+// A piece of one side: where it lies in the image, in its pixels, and where it is shown.
+struct Span {
+    double from, fromLength;
+    double to, toLength;
+};
+
+// One side cut into what is shown as it is and, between, what is stretched; a side that is not
+// stretched stays whole.
+std::vector<Span> spansOf(int image, int fixed, double start, int shown, double ratio) {
+    const double length = shown / ratio;
+    if (shown == image) return {{0.0, static_cast<double>(image), start, length}};
+    const double end = fixed / ratio;
+    const double rest = image - 2.0 * fixed;
+    return {{0.0, static_cast<double>(fixed), start, end},
+            {static_cast<double>(fixed), rest, start + end, length - 2 * end},
+            {fixed + rest, static_cast<double>(fixed), start + length - end, end}};
+}
+
+// The toolkit's own nine-patch node takes its texture for itself; this one is made of images that
+// share theirs with all the boxes of the same look, so that they are drawn in one go.
 class BoxNode final : public PixelGridNode {
 public:
-    explicit BoxNode(QSGNinePatchNode* patch) : patch_(patch) { appendChildNode(patch_); }
+    explicit BoxNode(QQuickWindow& window) : window_(window) {}
 
-    void setTexture(std::shared_ptr<QSGTexture> texture, const BoxPatch& patch, double ratio) {
-        patch_->setTexture(texture.get());
-        patch_->setDevicePixelRatio(ratio);
-        const double across = patch.paddingX / ratio;
-        const double down = patch.paddingY / ratio;
-        patch_->setPadding(across, down, across, down);
+    // The box as it is shown from now on: `shown` device pixels of this patch.
+    void setPatch(std::shared_ptr<QSGTexture> texture, const BoxPatch& patch, QSize shown,
+                  double ratio) {
+        for (QSGImageNode* piece : pieces_) piece->setTexture(texture.get());
         texture_ = std::move(texture);
+        patch_ = patch;
+        shown_ = shown;
+        ratio_ = ratio;
+        resize(columns(0).size() * rows(0).size());
     }
 
 protected:
-    void show(const QRectF& place) override {
-        patch_->setBounds(place);
-        patch_->update();
+    void show(const QRectF& place, QSGTexture::Filtering filtering) override {
+        auto piece = pieces_.begin();
+        for (const Span& row : rows(place.top())) {
+            for (const Span& column : columns(place.left())) {
+                (*piece)->setSourceRect(
+                    QRectF(column.from, row.from, column.fromLength, row.fromLength));
+                (*piece)->setRect(QRectF(column.to, row.to, column.toLength, row.toLength));
+                (*piece)->setFiltering(filtering);
+                ++piece;
+            }
+        }
     }
 
 private:
+    [[nodiscard]] std::vector<Span> columns(double left) const {
+        return spansOf(patch_.image.width(), patch_.paddingX, left, shown_.width(), ratio_);
+    }
+    [[nodiscard]] std::vector<Span> rows(double top) const {
+        return spansOf(patch_.image.height(), patch_.paddingY, top, shown_.height(), ratio_);
+    }
+
+    // Before the frame is prepared: a renderer overlooks what is added to the scene later.
+    void resize(std::size_t count) {
+        while (pieces_.size() > count) {
+            delete pieces_.back();
+            pieces_.pop_back();
+        }
+        while (pieces_.size() < count) {
+            QSGImageNode* piece = window_.createImageNode();
+            piece->setTexture(texture_.get());
+            appendChildNode(piece);
+            pieces_.push_back(piece);
+        }
+    }
+
+    QQuickWindow& window_;
     std::shared_ptr<QSGTexture> texture_;
-    QSGNinePatchNode* patch_;  // a child, freed with this node
+    std::vector<QSGImageNode*> pieces_;  // children, freed with this node
+    BoxPatch patch_;
+    QSize shown_;
+    double ratio_ = 1;
 };
 
 }  // namespace
@@ -54,11 +113,11 @@ QSGNode* RoundedBox::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
         delete node;
         return nullptr;
     }
-    if (node == nullptr) node = new BoxNode(window()->createNinePatchNode());
-    node->setTexture(std::move(texture), patch, ratio);
+    if (node == nullptr) node = new BoxNode(*window());
+    const QSize shown = box + QSize(2 * patch.margin, 2 * patch.margin);
+    node->setPatch(std::move(texture), patch, shown, ratio);
     const double margin = patch.margin / ratio;
-    node->setPlace(
-        QRectF(QPointF(), QSizeF(box) / ratio).adjusted(-margin, -margin, margin, margin), ratio);
+    node->setPlace(QRectF(QPointF(-margin, -margin), QSizeF(shown) / ratio), ratio);
     return node;
 }
 
