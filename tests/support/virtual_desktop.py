@@ -120,7 +120,7 @@ class VirtualDesktop:
     def __exit__(self, *_):
         for number in self._handlers:
             signal.signal(number, signal.SIG_IGN)
-        for process in reversed(self._processes):
+        for process in self._processes[::-1]:
             self.end(process)
         self._end_strays()
         shutil.rmtree(self.folder, ignore_errors=True)
@@ -155,9 +155,10 @@ class VirtualDesktop:
             except subprocess.TimeoutExpired:
                 process.kill()
                 process.wait()
-        for stream in (process.stdout, process.stderr):
+        for stream in (process.stdin, process.stdout, process.stderr):
             if stream is not None:
-                stream.close()
+                with contextlib.suppress(OSError):  # what is left to write goes nowhere
+                    stream.close()
         if process in self._processes:
             self._processes.remove(process)
 
