@@ -17,8 +17,8 @@ Item {
     SweepingScene {
         id: scene
         anchors.centerIn: parent
-        width: implicitWidth
-        height: implicitHeight
+        width: scene.implicitWidth
+        height: scene.implicitHeight
         dark: root.dark
         time: root.time
     }

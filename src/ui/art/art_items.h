@@ -8,7 +8,7 @@
 namespace morvane {
 
 // A square item of art; `size` is its side in logical pixels and its implicit width and height.
-class ArtItem : public PictureItem {
+class ArtItem : public morvane::PictureItem {
     Q_OBJECT
     QML_ANONYMOUS
     Q_PROPERTY(qreal size READ side WRITE setSide NOTIFY sideChanged)
@@ -30,7 +30,7 @@ private:
     qreal side_;
 };
 
-class AppLogo : public ArtItem {
+class AppLogo : public morvane::ArtItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool detailed MEMBER detailed_ NOTIFY detailedChanged)
@@ -48,7 +48,7 @@ private:
     bool detailed_ = false;
 };
 
-class SweepGlyph : public ArtItem {
+class SweepGlyph : public morvane::ArtItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(qreal lineWidth MEMBER lineWidth_ NOTIFY lineChanged)
@@ -69,7 +69,7 @@ private:
 };
 
 // One of the two large illustrations, in either appearance.
-class Illustration : public ArtItem {
+class Illustration : public morvane::ArtItem {
     Q_OBJECT
     QML_ANONYMOUS
     Q_PROPERTY(bool dark MEMBER dark_ NOTIFY darkChanged)
@@ -90,7 +90,7 @@ private:
     bool dark_ = false;
 };
 
-class IdleIllustration : public Illustration {
+class IdleIllustration : public morvane::Illustration {
     Q_OBJECT
     QML_ELEMENT
 
@@ -98,7 +98,7 @@ public:
     explicit IdleIllustration(QQuickItem* parent = nullptr);
 };
 
-class SpotlessIllustration : public Illustration {
+class SpotlessIllustration : public morvane::Illustration {
     Q_OBJECT
     QML_ELEMENT
 

@@ -11,7 +11,7 @@ namespace morvane {
 void paintHatching(QPainter& painter, QSizeF size, double spacing, double lineWidth,
                    const QColor& color);
 
-class Hatching : public PictureItem {
+class Hatching : public morvane::PictureItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color MEMBER color_ NOTIFY linesChanged)

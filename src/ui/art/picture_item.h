@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QQuickItem>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 #include <functional>
 
 namespace morvane {
@@ -22,9 +23,11 @@ struct Picture {
 [[nodiscard]] QSize pixelsOf(const QRectF& bounds, double pixelRatio);
 
 // An item that shows one still picture, painted once for every pixel ratio and shared by all the
-// items that show the same, on whole device pixels.
+// items that show the same, on whole device pixels. Items name their base with its namespace: the
+// type registration takes it as it is written.
 class PictureItem : public QQuickItem {
     Q_OBJECT
+    QML_ANONYMOUS
 
 public:
     explicit PictureItem(QQuickItem* parent = nullptr);

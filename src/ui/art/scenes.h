@@ -5,7 +5,7 @@
 namespace morvane {
 
 // The pan at work: a disc, the rocking pan, eight crumbs. 280 by 220.
-class SweepingScene : public MovingItem {
+class SweepingScene : public morvane::MovingItem {
     Q_OBJECT
     QML_ELEMENT
 
@@ -19,7 +19,7 @@ protected:
 };
 
 // Eighteen pieces that burst from the middle of whatever space the item has.
-class ConfettiScene : public MovingItem {
+class ConfettiScene : public morvane::MovingItem {
     Q_OBJECT
     QML_ELEMENT
 

@@ -11,7 +11,7 @@ namespace morvane {
 // A named symbol in one colour. `size` is a size of type: the grid on which symbols are drawn is
 // larger by what type keeps free around its letters, so that a symbol of 14 suits words of 14. The
 // brand's own name draws the brand's mark. A name that is not drawn leaves the item empty.
-class Symbol : public PictureItem {
+class Symbol : public morvane::PictureItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY symbolChanged)
