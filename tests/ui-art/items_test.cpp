@@ -2,6 +2,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSGRendererInterface>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
@@ -42,6 +43,8 @@ protected:
         content_->setParentItem(window_.contentItem());
         window_.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
+        if (qEnvironmentVariableIsSet("MORVANE_TEST_ON_OPENGL"))
+            EXPECT_EQ(window_.rendererInterface()->graphicsApi(), QSGRendererInterface::OpenGL);
         return content_.get();
     }
 

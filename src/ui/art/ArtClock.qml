@@ -3,10 +3,10 @@ import QtQuick
 // The clock of a moving scene: it asks for frames only while it is wanted and its window can be
 // seen.
 FrameAnimation {
-    required property Item scene
+    property Item scene: null
     property bool wanted: false
 
-    running: wanted && scene.visible && scene.Window.window !== null
+    running: wanted && scene !== null && scene.visible && scene.Window.window !== null
              && scene.Window.visibility !== Window.Hidden
              && scene.Window.visibility !== Window.Minimized
 }
