@@ -1,5 +1,7 @@
 #include "platform/linux/appearance.h"
 
+#include <QtDBus/QDBusVariant>
+
 #include "platform/linux/bus_call.h"
 
 namespace morvane::linuxdesktop {
@@ -44,7 +46,7 @@ Appearance::Appearance(const QDBusConnection& bus)
     : bus_(bus), portal_(service, bus, QDBusServiceWatcher::WatchForRegistration) {
     connect(&portal_, &QDBusServiceWatcher::serviceRegistered, this, [this] { readAll(); });
     bus_.connect(QString(), object, interface, QStringLiteral("SettingChanged"), this,
-                 SLOT(settingChanged(QString, QString, QDBusVariant)));
+                 SLOT(settingChanged(QDBusMessage)));
     readAll();
 }
 
@@ -64,9 +66,12 @@ void Appearance::read(const QString& group, const QString& key) {
     });
 }
 
-void Appearance::settingChanged(const QString& group, const QString& key,
-                                const QDBusVariant& value) {
-    take(group, key, unpacked(value.variant()));
+// Taken as a message: a slot with the value's own type is refused until the toolkit has by chance
+// handled one before.
+void Appearance::settingChanged(const QDBusMessage& signal) {
+    const QVariantList parts = signal.arguments();
+    if (parts.size() != 3) return;
+    take(parts.at(0).toString(), parts.at(1).toString(), unpacked(parts.at(2)));
 }
 
 void Appearance::take(const QString& group, const QString& key, QVariant value) {

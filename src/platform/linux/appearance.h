@@ -3,8 +3,8 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusServiceWatcher>
-#include <QtDBus/QDBusVariant>
 
 namespace morvane::linuxdesktop {
 
@@ -28,7 +28,7 @@ signals:
     void reducesMotionChanged();
 
 private slots:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& signal);
 
 private:
     void readAll();
