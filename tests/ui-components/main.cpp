@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <QGuiApplication>
 #include <QtPlugin>
+#include <gtest/gtest.h>
 
 Q_IMPORT_PLUGIN(Morvane_ArtPlugin)
 Q_IMPORT_PLUGIN(Morvane_ThemePlugin)

@@ -9,6 +9,15 @@ namespace {
 
 QStringList heard;
 
+// By what is on view: what a repeater makes is nobody's child but the scene's.
+QQuickItem* below(QQuickItem& above, const QString& objectName) {
+    for (QQuickItem* child : above.childItems()) {
+        if (child->objectName() == objectName) return child;
+        if (QQuickItem* found = below(*child, objectName)) return found;
+    }
+    return nullptr;
+}
+
 void hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     if (type == QtDebugMsg || type == QtInfoMsg) return;
     heard.append(QStringLiteral("%1: %2").arg(QString::fromUtf8(context.category), text));
@@ -24,13 +33,15 @@ Stage::Stage() {
     view_.setResizeMode(QQuickView::SizeViewToRootObject);
 }
 
-Stage::~Stage() { qInstallMessageHandler(nullptr); }
+Stage::~Stage() {
+    qInstallMessageHandler(nullptr);
+}
 
 QQuickItem* Stage::show(const QString& body) {
     QQmlComponent component(view_.engine());
-    component.setData("import QtQuick\nimport Morvane.Theme\nimport Morvane.Components\n" +
-                          body.toUtf8(),
-                      QUrl(QStringLiteral("qrc:/stage.qml")));
+    component.setData(
+        "import QtQuick\nimport Morvane.Theme\nimport Morvane.Components\n" + body.toUtf8(),
+        QUrl(QStringLiteral("qrc:/stage.qml")));
     heard += component.isError() ? QStringList(component.errorString()) : QStringList();
     return take(component.create());
 }
@@ -52,10 +63,12 @@ QQuickItem* Stage::take(QObject* object) {
     return item;
 }
 
-QStringList Stage::warnings() const { return heard; }
+QStringList Stage::warnings() const {
+    return heard;
+}
 
 QQuickItem* Stage::item(const QString& objectName) const {
-    return view_.rootObject()->findChild<QQuickItem*>(objectName);
+    return below(*view_.contentItem(), objectName);
 }
 
 void Stage::key(int key, Qt::KeyboardModifiers modifiers) {
@@ -72,6 +85,8 @@ QString Stage::focused() const {
     return item == nullptr ? QString() : item->objectName();
 }
 
-QImage Stage::picture() { return view_.grabWindow(); }
+QImage Stage::picture() {
+    return view_.grabWindow();
+}
 
 }  // namespace morvane

@@ -36,7 +36,8 @@ public:
     void click(const QQuickItem& item);
     // The objectName of what has the focus.
     [[nodiscard]] QString focused() const;
-    [[nodiscard]] QImage picture();
+    // What the window shows, drawn anew.
+    QImage picture();
 
 private:
     QQuickItem* take(QObject* object);

@@ -20,5 +20,6 @@ Rectangle {
     color: Theme.clear
     border.width: 2
     border.color: Theme.accent
-    visible: shown && InputMode.keyboard
+    // In this order, so that the mode is followed before the first focus comes.
+    visible: InputMode.keyboard && shown
 }

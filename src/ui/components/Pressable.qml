@@ -72,7 +72,7 @@ Item {
     ToolTipArea {
         anchors.fill: parent
         text: root.tooltip
-        keyboardShown: root.activeFocus && InputMode.keyboard
+        keyboardShown: InputMode.keyboard && root.activeFocus
     }
 
     FocusRing {

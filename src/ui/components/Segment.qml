@@ -7,9 +7,8 @@ Pressable {
 
     property bool selected: false
 
-    // By so many segments, or to that one; -1 is the last.
+    // An arrow asked for the segment so many places on.
     signal went(int steps)
-    signal wentTo(int place)
 
     implicitWidth: words.implicitWidth + 18
     implicitHeight: 20

@@ -11,22 +11,21 @@ Item {
     property var label: null
     property var options: []
     property int selected: -1
-    // The segment that Tab comes to.
-    property int stop: Math.max(0, Math.min(selected, row.count - 1))
+    // The segment with the keyboard, or -1.
+    property int current: -1
+    // The segment that Tab comes to: the one it would leave, else the selected one.
+    readonly property int stop: current >= 0 ? current
+            : Math.max(0, Math.min(selected, segments.count - 1))
 
     signal chosen(int index)
 
     function go(index: int) {
-        if (index < 0 || index >= segments.count)
-            return
-        stop = index
-        segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason)
+        if (index >= 0 && index < segments.count)
+            segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason)
     }
 
     implicitWidth: row.implicitWidth + 4
     implicitHeight: 24
-    activeFocusOnTab: false
-    onSelectedChanged: stop = Qt.binding(() => Math.max(0, Math.min(selected, row.count - 1)))
 
     Accessible.role: Accessible.Grouping
     Accessible.name: root.label ?? ""
@@ -46,8 +45,6 @@ Item {
     Row {
         id: row
 
-        readonly property int count: segments.count
-
         x: 2
         y: 2
 
@@ -64,8 +61,13 @@ Item {
                 selected: index === root.selected
                 tabStop: index === root.stop
                 onActivated: root.chosen(index)
-                onWent: steps => root.go(steps === 0 ? index : index + steps)
-                onWentTo: place => root.go(place < 0 ? segments.count - 1 : place)
+                onWent: steps => root.go(index + steps)
+                onActiveFocusChanged: {
+                    if (activeFocus)
+                        root.current = index
+                    else if (root.current === index)
+                        root.current = -1
+                }
             }
         }
     }

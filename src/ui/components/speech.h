@@ -20,11 +20,14 @@ class Speech : public QObject {
     // The description of every control that cannot be used now, and of nothing else. The toolkit
     // passes the enabled state on to nobody.
     Q_PROPERTY(QString unavailable READ unavailable CONSTANT FINAL)
+    // What is said of a row that shows more of itself.
+    Q_PROPERTY(QString expanded READ expanded CONSTANT FINAL)
 
 public:
     using QObject::QObject;
 
     [[nodiscard]] QString unavailable() const { return QStringLiteral("unavailable"); }
+    [[nodiscard]] QString expanded() const { return QStringLiteral("expanded"); }
 
     // See `shownText`.
     [[nodiscard]] Q_INVOKABLE QString shown(const QString& text, bool keepsLines) const;
