@@ -8,7 +8,6 @@
 #include <memory>
 
 #include "pictures.h"
-#include "ui/art/pixel_grid_node.h"
 
 namespace morvane {
 namespace {
@@ -191,13 +190,6 @@ TEST_F(Items, MoveByThemselvesOnlyWhileTheyRunAndMayMove) {
     }));
     item->setProperty("running", false);
     EXPECT_EQ(item->property("time").toDouble(), still);
-}
-
-TEST(PixelGrid, TakesTheNearestDevicePixel) {
-    EXPECT_NEAR(toPixelGrid({10.3, 10.6}, 1).x(), -0.3, 1e-9);
-    EXPECT_NEAR(toPixelGrid({10.3, 10.6}, 1).y(), 0.4, 1e-9);
-    EXPECT_NEAR(toPixelGrid({10.3, 10.6}, 2).x(), 0.2, 1e-9);
-    EXPECT_EQ(toPixelGrid({10.5, -3}, 2), QPointF(0, 0));
 }
 
 }  // namespace
