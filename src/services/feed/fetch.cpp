@@ -51,9 +51,9 @@ Fetch::~Fetch() {
 void Fetch::request(const QUrl& address) {
     reply_ = network_.get(requestFor(address, rules_.security));
     reply_->setReadBufferSize(bufferBytes);
-    QObject::connect(reply_, &QNetworkReply::metaDataChanged, reply_, [this] { takeHeader(); });
-    QObject::connect(reply_, &QNetworkReply::readyRead, reply_, [this] { takeContent(); });
-    QObject::connect(reply_, &QNetworkReply::finished, reply_, [this] { takeEnd(); });
+    QObject::connect(reply_, &QNetworkReply::metaDataChanged, &listener_, [this] { takeHeader(); });
+    QObject::connect(reply_, &QNetworkReply::readyRead, &listener_, [this] { takeContent(); });
+    QObject::connect(reply_, &QNetworkReply::finished, &listener_, [this] { takeEnd(); });
     listen();
 }
 
@@ -115,8 +115,9 @@ void Fetch::stopListening() {
 void Fetch::dropReply() {
     if (reply_ == nullptr) return;
     QNetworkReply* reply = std::exchange(reply_, nullptr);
-    // An abort is told at once, and nobody is to hear of it.
-    reply->disconnect();
+    // An abort is told at once, and nobody is to hear of it. The reply's other connections are its
+    // own: without them the toolkit goes on receiving.
+    reply->disconnect(&listener_);
     reply->abort();
     reply->deleteLater();
 }

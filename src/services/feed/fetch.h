@@ -3,6 +3,7 @@
 #include <QByteArrayView>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <QObject>
 #include <QSslConfiguration>
 #include <QUrl>
 #include <chrono>
@@ -64,6 +65,7 @@ private:
     Rules rules_;
     Take take_;
     Ended ended_;
+    QObject listener_;
     QNetworkReply* reply_ = nullptr;
     std::optional<Executor::Timer> silence_;
     std::int64_t received_ = 0;
