@@ -142,15 +142,26 @@ TEST_F(Controls, ShowNoSegmentSelectedWithoutASelection) {
 TEST_F(Controls, ShowTheSelectedSegmentWhereItLies) {
     root_ = stage_.show(QString::fromLatin1(choice).arg(0));
     ASSERT_NE(root_, nullptr);
-    stage_.theme().setReducedMotion(true);
-    item("choice")->setProperty("selected", 2);
     const QQuickItem* thumb = nullptr;
     for (const QQuickItem* child : item("choice")->childItems()) {
         if (child->property("shown").toBool()) thumb = child;
     }
     ASSERT_NE(thumb, nullptr);
+    EXPECT_TRUE(thumb->isVisible());
+    EXPECT_EQ(thumb->x(), 2);
+    EXPECT_GT(thumb->width(), 30);
+    stage_.theme().setReducedMotion(true);
+    item("choice")->setProperty("selected", 2);
     EXPECT_EQ(thumb->x() + thumb->width(), item("choice")->width() - 2);
     EXPECT_EQ(item("choice")->height(), 24);
+}
+
+TEST_F(Controls, ShowAFirstSelectionInItsPlaceAtOnce) {
+    root_ = stage_.show(QString::fromLatin1(choice).arg(2));
+    ASSERT_NE(root_, nullptr);
+    const QQuickItem* const thumb = item("choice")->childItems().at(1);
+    EXPECT_TRUE(thumb->isVisible());
+    EXPECT_EQ(thumb->x() + thumb->width(), item("choice")->width() - 2);
 }
 
 TEST_F(Controls, DrawFocusForTheKeyboardAlone) {

@@ -2,39 +2,56 @@ import QtQuick
 import Morvane.Art
 import Morvane.Theme
 
-// What the selected segment stands on; it springs from one segment to the next.
+// What the selected segment stands on; it springs from one segment to the next, and appears where
+// it belongs when there was none before or when the segments themselves find their places.
 RoundedBox {
     id: root
 
     property Item segment: null
-    property bool shown: false
-    property bool faded: false
+    readonly property bool shown: segment !== null
+    property Item before: null
+
+    function follow(springs: bool) {
+        if (!segment)
+            return
+        place.enabled = springs
+        extent.enabled = springs
+        place.target = segment.x
+        extent.target = segment.width
+    }
+
+    onSegmentChanged: {
+        follow(before !== null)
+        before = segment
+    }
+
+    Component.onCompleted: follow(false)
 
     x: 2 + place.value
     y: 2
     width: extent.value
     height: 20
     radius: 5
-    visible: shown && segment !== null
-    opacity: faded ? 0.6 : 1
+    visible: shown
     color: Theme.segmentThumb
     shadowColor: Theme.shadow(0.12)
     shadowRadius: 0.5
 
-    // Without a segment before, it appears where it belongs.
+    Connections {
+        target: root.segment
+        function onXChanged() { root.follow(false) }
+        function onWidthChanged() { root.follow(false) }
+    }
+
     Spring {
         id: place
-        target: root.segment ? root.segment.x : 0
         response: 0.15
         dampingFraction: 0.85
-        enabled: root.visible
     }
 
     Spring {
         id: extent
-        target: root.segment ? root.segment.width : 0
         response: 0.15
         dampingFraction: 0.85
-        enabled: root.visible
     }
 }

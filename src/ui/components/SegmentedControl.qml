@@ -37,9 +37,10 @@ Item {
     }
 
     SegmentThumb {
-        segment: root.selected >= 0 ? segments.itemAt(root.selected) : null
-        shown: root.selected >= 0 && root.selected < segments.count
-        faded: !root.enabled
+        // The count is asked first: it tells when the segments are there.
+        segment: root.selected >= 0 && root.selected < segments.count
+                 ? segments.itemAt(root.selected) : null
+        opacity: root.enabled ? 1 : 0.6
     }
 
     Row {

@@ -32,7 +32,7 @@ Pressable {
         id: content
 
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Math.round(root.fontSize * 0.4)
+        spacing: Math.round(root.fontSize * 0.3)
         opacity: root.down ? 0.6 : 1
 
         Spinner {

@@ -3,7 +3,8 @@ import Morvane.Components
 import Morvane.Theme
 
 // The one text of the window. It is always plain. Its size is in logical pixels and may be a half:
-// a font has whole pixels only, so a half is set at double and drawn at half.
+// a font has whole pixels only, so all text is set at double and drawn at half. (The whole sizes
+// too: a scaled text comes out lighter in the software renderer, and neighbours have to match.)
 Item {
     id: root
 
@@ -26,7 +27,7 @@ Item {
     readonly property alias truncated: inner.truncated
     readonly property alias lineCount: inner.lineCount
 
-    readonly property int factor: size === Math.floor(size) ? 1 : 2
+    readonly property int factor: 2
 
     implicitWidth: Math.ceil(inner.implicitWidth / factor)
     implicitHeight: Math.ceil(inner.implicitHeight / factor - lineSpacing)

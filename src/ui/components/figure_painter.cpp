@@ -9,6 +9,10 @@
 namespace morvane {
 namespace {
 
+// A font has whole pixels only, and a size may be a half: text is set at double and drawn at half,
+// as all text of the window is.
+constexpr int factor = 2;
+
 // How far a figure comes from and goes to, in line heights.
 constexpr double slide = 0.4;
 
@@ -80,16 +84,11 @@ void FigurePainter::componentComplete() {
     lookAgain();
 }
 
-// A font has whole pixels only: a half size is set at double and drawn at half.
-int FigurePainter::factor() const {
-    return size_ == std::floor(size_) ? 1 : 2;
-}
-
 QFont FigurePainter::font() const {
     QFont font(family_);
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(size_ * factor()))));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(size_ * factor))));
     font.setWeight(static_cast<QFont::Weight>(weight_));
-    font.setLetterSpacing(QFont::AbsoluteSpacing, tracking_ * factor());
+    font.setLetterSpacing(QFont::AbsoluteSpacing, tracking_ * factor);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
@@ -108,8 +107,8 @@ void FigurePainter::measure() {
     const QFontMetricsF metrics(font());
     double width = 0;
     for (const Moving& moving : shown_) width += moving.run.width;
-    setImplicitSize(std::ceil(width / factor()), std::ceil(metrics.height() / factor()));
-    setBaselineOffset(metrics.ascent() / factor());
+    setImplicitSize(std::ceil(width / factor), std::ceil(metrics.height() / factor));
+    setBaselineOffset(metrics.ascent() / factor);
     update();
 }
 
@@ -171,7 +170,7 @@ void FigurePainter::drawRun(QPainter& painter, const Moving& run) const {
 void FigurePainter::paint(QPainter* painter) {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setRenderHint(QPainter::TextAntialiasing);
-    painter->scale(1.0 / factor(), 1.0 / factor());
+    painter->scale(1.0 / factor, 1.0 / factor);
     painter->setFont(font());
     painter->setPen(color_);
     for (const Moving& moving : leaving_) drawRun(*painter, nowOfLeaving(moving));

@@ -69,7 +69,6 @@ private:
     [[nodiscard]] Moving nowOfLeaving(const Moving& moving) const;
     void drawRun(QPainter& painter, const Moving& run) const;
     [[nodiscard]] QFont font() const;
-    [[nodiscard]] int factor() const;
     void lookAgain();
     void measure();
     void roll(const std::vector<FigureRun>& runs);
