@@ -62,6 +62,34 @@ TEST(Blurred, SpreadsOutAndLosesNothing) {
     EXPECT_EQ(blurred(point, 0), point);
 }
 
+TEST(Blurred, FallsOffLikeAGaussian) {
+    // Half a plane, whose blurred edge is the Gaussian's own integral.
+    for (const double deviation : {1.0, 1.5, 3.0, 9.0, 18.0}) {
+        QImage tall(240, 240, QImage::Format_Alpha8);
+        tall.fill(0);
+        for (int y = 0; y < 240; ++y)
+            for (int x = 120; x < 240; ++x) tall.scanLine(y)[x] = 255;
+        const QImage soft = blurred(tall, deviation);
+        const uchar* line = soft.constScanLine(120);
+        const auto at = [&](double deviations) {
+            return static_cast<int>(
+                line[static_cast<int>(std::floor(120 + deviations * deviation))]);
+        };
+        EXPECT_NEAR(line[119] + line[120], 255, 1) << deviation;
+        EXPECT_LE(at(-3.1), 1) << deviation;
+        EXPECT_GE(at(3.1), 254) << deviation;
+    }
+    QImage wide(240, 240, QImage::Format_Alpha8);
+    wide.fill(0);
+    for (int y = 0; y < 240; ++y)
+        for (int x = 120; x < 240; ++x) wide.scanLine(y)[x] = 255;
+    const QImage soft = blurred(wide, 10);
+    const uchar* line = soft.constScanLine(120);
+    EXPECT_NEAR(line[110], 43.6, 3);  // 0.95 deviations before the edge: 0.171
+    EXPECT_NEAR(line[129], 211.4, 3);
+    EXPECT_NEAR(line[100], 6.5, 2);  // 1.95 before it: 0.0256
+}
+
 TEST(BoxPatch, IsTheSameForAllLargeBoxesOfALook) {
     const BoxLook look{.fill = Qt::white, .radius = 14, .shadow = Qt::black, .shadowRadius = 1.5};
     EXPECT_EQ(patchFor(look, {200, 100}, 1), patchFor(look, {900, 640}, 1));
