@@ -94,10 +94,9 @@ TEST_F(Check, GivesUpAfterThirtySecondsWithoutAByte) {
     server.answers["/feed.xml"] = unfinished("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n<rss");
     updater->checkForUpdates();
     ServedLoop::serveUntil([this] { return !server.asked.empty(); });
-    // What was sent has come once an answer of another connection has.
     loop.advance(std::chrono::seconds(29));
     EXPECT_FALSE(updater->canCheckForUpdates());
-    loop.advance(std::chrono::seconds(31));
+    loop.advance(std::chrono::seconds(31));  // from the last byte, which came meanwhile or before
     EXPECT_TRUE(updater->canCheckForUpdates());
     EXPECT_EQ(prompt.shown.back().text, "The update server stopped answering.");
 }
@@ -206,11 +205,6 @@ TEST_F(Check, IsDroppedWithTheUpdater) {
     loop.advance(std::chrono::minutes(1));
     EXPECT_THAT(prompt.shown, IsEmpty());
 }
-
-struct Unusable {
-    const char* name;
-    BundleInfo bundle;
-};
 
 class BundleWithoutUpdates : public UpdaterOnAServer,
                              public testing::WithParamInterface<const char*> {};

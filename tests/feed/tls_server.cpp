@@ -60,8 +60,8 @@ void TlsServer::accept() {
 }
 
 void TlsServer::read(QSslSocket& connection) {
-    const QByteArray so_far = connection.peek(64 << 10);
-    if (!so_far.contains("\r\n\r\n")) return;
+    const QByteArray received = connection.peek(64 << 10);
+    if (!received.contains("\r\n\r\n")) return;
     header = connection.readAll().toStdString();
     const std::size_t start = header.find(' ') + 1;
     asked.push_back(header.substr(start, header.find(' ', start) - start));
