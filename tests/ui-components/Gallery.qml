@@ -1,5 +1,6 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
-import Morvane.Art
 import Morvane.Components
 import Morvane.Theme
 

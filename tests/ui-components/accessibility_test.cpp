@@ -58,8 +58,12 @@ protected:
     // What a screen reader finds below the root, one line a node.
     std::vector<std::string> tree(const char* body) {
         QQuickItem* const root = stage_.show(QString::fromUtf8(body));
-        std::vector<std::string> lines;
         if (root == nullptr) return {stage_.warnings().join(u'\n').toStdString()};
+        return now();
+    }
+
+    std::vector<std::string> now() {
+        std::vector<std::string> lines;
         walk(*QAccessible::queryAccessibleInterface(&stage_.window()), 0, lines);
         return lines;
     }
@@ -137,6 +141,13 @@ TEST_F(Assistive, FindsNoDecoration) {
         IconTile { icon: "trash" }
         Spinner { } })"),
                 ElementsAre());
+}
+
+TEST_F(Assistive, FindsNoSecondNodeForATooltip) {
+    tree(R"(Item { width: 300; height: 200
+        CapsuleButton { button: ({label: "Stop", enabled: true, tooltip: "Ends the scan"}) } })");
+    stage_.key(Qt::Key_Tab);
+    EXPECT_THAT(now(), ElementsAre("button Stop focused"));
 }
 
 TEST_F(Assistive, FindsTheTextsOfAFooter) {

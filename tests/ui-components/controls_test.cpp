@@ -1,4 +1,4 @@
-#include <QSignalSpy>
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "stage.h"
@@ -182,6 +182,25 @@ TEST_F(Controls, DrawFocusForTheKeyboardAlone) {
     EXPECT_TRUE(item("box")->hasActiveFocus());
     EXPECT_TRUE(ring()->isVisible());
     EXPECT_LT(ring()->x(), 0);
+}
+
+TEST_F(Controls, ShowATooltipToWhoComesByKeyboardAndHideItWhenTheyLeave) {
+    root_ = stage_.show(QStringLiteral(R"(Item { width: 400; height: 100
+        TextButton { objectName: "again"; symbolOnly: true
+            button: ({label: "Scan apps again", symbol: "arrow.clockwise", enabled: true,
+                      tooltip: "Scan apps again"}) } })"));
+    ASSERT_NE(root_, nullptr);
+    const std::function<int(const QQuickItem&)> tipsBelow = [&](const QQuickItem& above) {
+        int shown = above.inherits("QQuickPopupItem") && above.isVisible() ? 1 : 0;
+        for (const QQuickItem* child : above.childItems()) shown += tipsBelow(*child);
+        return shown;
+    };
+    const auto tips = [&] { return tipsBelow(*stage_.window().contentItem()); };
+    EXPECT_EQ(tips(), 0);
+    stage_.key(Qt::Key_Tab);
+    EXPECT_EQ(tips(), 1);
+    stage_.click(*item("again"));
+    EXPECT_EQ(tips(), 0);
 }
 
 TEST_F(Controls, PutASpinnerInPlaceOfTheWordsOfABusyButton) {

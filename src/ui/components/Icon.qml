@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Art
 import Morvane.Theme
@@ -22,15 +24,14 @@ Item {
         color: root.tint
     }
 
-    Loader {
-        anchors.centerIn: parent
-        active: root.brand
-        sourceComponent: Component {
-            SweepGlyph {
-                size: root.size
-                lineWidth: 1.8
-                color: root.tint
-            }
+    Repeater {
+        model: root.brand ? 1 : 0
+
+        SweepGlyph {
+            anchors.centerIn: root
+            size: root.size
+            lineWidth: 1.8
+            color: root.tint
         }
     }
 }

@@ -1,6 +1,5 @@
 import QtQuick
 import Morvane.Components
-import Morvane.Theme
 
 // What can be pressed, by pointer, keyboard and assistive client alike; the look is its user's.
 Item {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Morvane.Components
@@ -24,12 +26,11 @@ Item {
         onTriggered: root.rested = true
     }
 
-    Loader {
-        active: root.shown
-        sourceComponent: Component {
-            T.ToolTip {
-                id: tip
+    Repeater {
+        model: root.shown ? 1 : 0
 
+        Item {
+            T.ToolTip {
                 parent: root
                 visible: true
                 // Under the pointer, or under the item for the keyboard; inside the window.
@@ -39,11 +40,10 @@ Item {
                 padding: 5
                 leftPadding: 8
                 rightPadding: 8
-                implicitWidth: Math.min(420, words.implicitWidth + leftPadding + rightPadding)
-                implicitHeight: words.implicitHeight + topPadding + bottomPadding
+                implicitWidth: Math.min(420, implicitContentWidth + leftPadding + rightPadding)
+                implicitHeight: implicitContentHeight + topPadding + bottomPadding
                 closePolicy: T.Popup.CloseOnEscape
                 contentItem: Text {
-                    id: words
                     text: Speech.shown(root.text, true)
                     textFormat: Text.PlainText
                     font.family: Theme.family

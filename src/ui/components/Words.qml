@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Components
 import Morvane.Theme
@@ -60,12 +62,13 @@ Item {
         Accessible.ignored: true
     }
 
-    // What is cut is whole in the tooltip.
-    Loader {
-        anchors.fill: parent
-        active: inner.truncated
-        sourceComponent: Component {
-            ToolTipArea { text: root.text }
+    // What is cut is whole in the tooltip, which few texts need.
+    Repeater {
+        model: inner.truncated ? 1 : 0
+
+        ToolTipArea {
+            anchors.fill: root
+            text: root.text
         }
     }
 }
