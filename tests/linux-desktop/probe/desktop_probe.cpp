@@ -8,6 +8,8 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
+#include <array>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <sstream>
