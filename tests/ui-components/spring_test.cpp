@@ -1,11 +1,11 @@
 #include "ui/theme/spring.h"
 
-#include <QAnimationDriver>
 #include <QCoreApplication>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "frames.h"
 #include "stage.h"
 
 namespace morvane {
@@ -56,23 +56,6 @@ TEST(SpringValue, HasNoStepWhereTheClosedFormsMeet) {
     EXPECT_NEAR(springValue(0.5, 0.9999, 0, 2, 1, 0.2).value, critical.value, 1e-3);
     EXPECT_NEAR(springValue(0.5, 1.0001, 0, 2, 1, 0.2).value, critical.value, 1e-3);
 }
-
-// The frames of all animations, turned by hand.
-class Frames : public QAnimationDriver {
-public:
-    Frames() { install(); }
-    ~Frames() override { uninstall(); }
-    [[nodiscard]] qint64 elapsed() const override { return now_; }
-    // An animation begins with the next turn of the loop after its start.
-    void pass(int milliseconds) {
-        QCoreApplication::processEvents();
-        now_ += milliseconds;
-        advanceAnimation();
-    }
-
-private:
-    qint64 now_ = 0;
-};
 
 class SpringItem : public testing::Test {
 protected:

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "frames.h"
 #include "stage.h"
 #include "ui/components/figure_runs.h"
 #include "ui/components/speech.h"
@@ -132,6 +133,40 @@ TEST(FigureRuns, TakeADigitApartFromWhatStandsBesideIt) {
     EXPECT_TRUE(figureRuns(QString(), QFont()).empty());
     EXPECT_EQ(figureRuns(QStringLiteral("abc"), QFont()).size(), 1U);
     EXPECT_EQ(figureRuns(QStringLiteral("12"), QFont()).size(), 2U);
+}
+
+TEST(Figures, RollFromTheOldTextToTheNewAndComeToRestOnIt) {
+    Frames frames;
+    Stage stage;
+    const QString body = QStringLiteral(
+        "Rectangle { width: 200; height: 60; color: Theme.surface; Figures { objectName: 'f'; "
+        "text: '%1'; size: 26; animated: true } }");
+    ASSERT_NE(stage.show(body.arg(QStringLiteral("2.40 GB"))), nullptr);
+    const QImage goal = stage.picture();
+    ASSERT_NE(stage.show(body.arg(QStringLiteral("1.28 GB"))), nullptr);
+    const QImage before = stage.picture();
+    stage.item(QStringLiteral("f"))->setProperty("text", QStringLiteral("2.40 GB"));
+    frames.pass(0);
+    frames.pass(80);
+    const QImage between = stage.picture();
+    EXPECT_NE(between, before);
+    EXPECT_NE(between, goal);
+    frames.pass(5000);
+    EXPECT_EQ(stage.picture(), goal);
+}
+
+TEST(Figures, ChangeAtOnceWhereMotionIsReduced) {
+    Frames frames;
+    Stage stage;
+    const QString body = QStringLiteral(
+        "Rectangle { width: 200; height: 60; color: Theme.surface; Figures { "
+        "objectName: 'f'; text: '%1'; animated: true } }");
+    ASSERT_NE(stage.show(body.arg(QStringLiteral("2.40 GB"))), nullptr);
+    const QImage goal = stage.picture();
+    ASSERT_NE(stage.show(body.arg(QStringLiteral("1.28 GB"))), nullptr);
+    stage.theme().setReducedMotion(true);
+    stage.item(QStringLiteral("f"))->setProperty("text", QStringLiteral("2.40 GB"));
+    EXPECT_EQ(stage.picture(), goal);
 }
 
 TEST(Figures, KeepTheirWidthWhileTheyChange) {

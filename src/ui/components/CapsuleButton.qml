@@ -50,7 +50,7 @@ Pressable {
         anchors.fill: parent
         radius: height / 2
         visible: root.hovered || root.down
-        color: root.down ? Theme.segmentTrack : Theme.rowHover
+        color: root.down ? Theme.faded(Theme.checkEdge, 0.6) : Theme.trackFill
     }
 
     Row {

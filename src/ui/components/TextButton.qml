@@ -26,6 +26,7 @@ Pressable {
     implicitHeight: Math.max(16, content.implicitHeight)
     baselineOffset: content.y + words.y + words.baselineOffset
     ringCorner: 4
+    ringDistance: 3
     onActivated: pressed()
 
     Row {
