@@ -67,8 +67,8 @@ struct Host {
     bool hasVolume = false;
     std::optional<VolumeFigures> volume;
     std::optional<std::string> mountedFrom = "/dev/disk3s1s1";
-    // `hasOpenPanel` false: nobody answers in the user's place. Otherwise `openPanel`, where nothing
-    // is a dismissal.
+    // `hasOpenPanel` false: nobody answers in the user's place. Otherwise `openPanel`, where
+    // nothing is a dismissal.
     bool hasOpenPanel = false;
     std::optional<std::vector<std::filesystem::path>> openPanel;
     Updates updates;
