@@ -77,9 +77,11 @@ OverviewScreen::OverviewScreen(ScreenNeeds needs) : needs_(needs) {
     onPress("card.button", [this](const Press&) {
         AppState& state = needs_.state;
         switch (*state.scanPhase) {
-            case ScanPhase::scanning:
+            case ScanPhase::scanning: {
+                const AnimatedChange animated(state.store());
                 state.cancelScan();
                 break;
+            }
             case ScanPhase::success: {
                 const AnimatedChange animated(state.store());
                 state.settleScanPhase();
