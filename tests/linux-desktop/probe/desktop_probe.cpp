@@ -1,7 +1,6 @@
 // Does on the desktop what it is told, a command a line on standard input, and prints a line for
 // whatever comes of it. "returned" comes as soon as the call is over, so a reader sees what waits.
 
-#include <QtCore/QFile>
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
@@ -12,7 +11,6 @@
 #include <functional>
 #include <iostream>
 #include <map>
-#include <sstream>
 #include <string>
 #include <unistd.h>
 
