@@ -6,14 +6,12 @@
 #include "model/path_text.h"
 #include "model/words.h"
 #include "removal/put_back.h"
+#include "services/full_disk_access.h"
 #include "services/updater.h"
 
 namespace morvane::screens {
 
 namespace {
-
-constexpr const char* notificationsPane =
-    "x-apple.systempreferences:com.apple.Notifications-Settings.extension";
 
 SweepingSection sweepingSection(const AppState& state) {
     const bool usesTrash = *state.alwaysUseTrash;
@@ -84,6 +82,15 @@ void showState(HistoryRow& row, const HistoryEntry& entry, const AppState& state
     }
 }
 
+// The entry itself says when nothing of it can lie in the Trash.
+std::optional<HistoryState> stateOf(const HistoryEntry& entry, const SettingsFacts& facts) {
+    if (entry.restored) return HistoryState::putBack;
+    if (entry.trashed.empty()) return HistoryState::deleted;
+    const auto known = facts.historyStates.find(entry.id);
+    if (known == facts.historyStates.end()) return std::nullopt;
+    return known->second;
+}
+
 HistorySection historySection(const AppState& state, const SettingsFacts& facts) {
     HistorySection section{.title = "Sweep history",
                            .footer = "Your last " + std::to_string(mostHistoryEntries) +
@@ -93,9 +100,8 @@ HistorySection historySection(const AppState& state, const SettingsFacts& facts)
         HistoryRow row{.id = entry.id,
                        .date = sweepDateText(entry.date, state.now(), state.platform().region),
                        .summary = entry.summary};
-        const auto known = facts.historyStates.find(entry.id);
-        if (known != facts.historyStates.end()) {
-            row.state = known->second;
+        if (const std::optional<HistoryState> known = stateOf(entry, facts)) {
+            row.state = *known;
             showState(row, entry, state);
         }
         section.rows.push_back(std::move(row));

@@ -1,0 +1,150 @@
+#include "app/preview.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+
+#include "ui/art/app_logo.h"
+#include "ui/theme/theme.h"
+#include "ui/window/startup_task.h"
+
+namespace morvane {
+
+namespace {
+
+QIcon applicationIcon() {
+    QIcon icon;
+    for (int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(side / 100.0, side / 100.0);
+        paintAppLogo(painter, side >= 64);
+        painter.end();
+        icon.addPixmap(QPixmap::fromImage(image));
+    }
+    return icon;
+}
+
+}  // namespace
+
+Preview::Preview(std::unique_ptr<folder::FolderPlatform> system, const PreviewOptions& options,
+                 std::optional<folder::EffectFile> effects)
+    : system_(std::move(system)),
+      effects_(std::move(effects)),
+      executor_(linuxdesktop::RunningClock(system_->host()->now)),
+      bus_(QDBusConnection::sessionBus()),
+      desktop_(bus_, [](const std::string&) {}),
+      appearance_(bus_),
+      tray_(bus_) {
+    QGuiApplication::setWindowIcon(applicationIcon());
+    system_->start(executor_, {.desktop = effects_ ? nullptr : &desktop_, .windows = &windows_});
+    if (effects_) {
+        system_->effects().handTo(
+            [this](const folder::Effect& effect) { effects_->write(effect); });
+    }
+    scope_ = std::make_unique<Scope>(Runtime{executor_, pool_});
+    state_ = AppState::create(
+        {Runtime{executor_, pool_}, system_->platform(), system_->remover(), system_->defaults()});
+    // The first steps of a newcomer are still to come: every disk counts as having taken them.
+    if (!*state_->hasOnboarded) state_->hasOnboarded = true;
+    updater_ = std::make_unique<Updater>(system_->updates());
+    screens_ = std::make_unique<screens::Screens>(screens::ScreenNeeds{*state_, *updater_, *this});
+    model_ = std::make_unique<WindowModel>(*screens_, *state_, *updater_, *scope_);
+    engine_ = std::make_unique<QQmlApplicationEngine>();
+    engine_->addImportPath(QStringLiteral("qrc:/"));
+    followAppearance(options.dark);
+    openWindow();
+    if (window_ == nullptr) return;
+    followTray();
+    startup_ =
+        scope_->start(startupTask(screens_.get(), state_.get(), [this] { model_->timePassed(); }));
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](auto state) {
+        if (state == Qt::ApplicationActive) model_->becameActive();
+    });
+}
+
+Preview::~Preview() {
+    trayFollows_ = {};
+    engine_.reset();
+    model_.reset();
+    screens_.reset();
+    const auto turnUntil = [](const auto& done) {
+        while (!done()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    };
+    turnUntil([this] { return !state_->isRemoving(); });
+    state_->drop();
+    system_->defaults().flush();
+    system_->processes().endAll();
+    scope_->cancel();
+    turnUntil([this] { return scope_->isEmpty() && state_->isIdle(); });
+}
+
+void Preview::openWindow() {
+    engine_->setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model_.get())}});
+    engine_->load(QUrl(QStringLiteral("qrc:/Morvane/Window/Main.qml")));
+    if (engine_->rootObjects().isEmpty()) return;
+    window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().constFirst());
+    if (window_ == nullptr) return;
+    const auto followPixels = [this] {
+        Theme::of(*engine_).setPixelRatio(window_->effectiveDevicePixelRatio());
+    };
+    followPixels();
+    connect(window_, &QWindow::screenChanged, this, followPixels);
+    window_->installEventFilter(this);
+    window_->show();
+}
+
+void Preview::followAppearance(std::optional<bool> dark) {
+    const auto follow = [this, dark] {
+        Theme& theme = Theme::of(*engine_);
+        theme.setDark(
+            dark.value_or(appearance_.scheme() == linuxdesktop::Appearance::Scheme::dark));
+        theme.setReducedMotion(appearance_.reducesMotion());
+    };
+    follow();
+    connect(&appearance_, &linuxdesktop::Appearance::schemeChanged, this, follow);
+    connect(&appearance_, &linuxdesktop::Appearance::reducesMotionChanged, this, follow);
+}
+
+void Preview::followTray() {
+    tray_.setIcon(applicationIcon());
+    connect(&tray_, &linuxdesktop::Tray::activated, this, &Preview::showMainWindow);
+    // A window that was closed while there was a tray comes back when the tray has gone.
+    connect(&tray_, &linuxdesktop::Tray::isPresentChanged, this, [this] {
+        if (!tray_.isOnView() && !window_->isVisible()) showMainWindow();
+    });
+    trayFollows_ = state_->store().observe([this](const ChangedFields&) { updateTray(); });
+    updateTray();
+}
+
+void Preview::updateTray() {
+    const screens::MenuBarExtra extra = screens_->shell.content().menuBarExtra;
+    tray_.setToolTip(QString::fromStdString(extra.label));
+    tray_.setShown(extra.visible);
+    if (!tray_.isOnView() && !window_->isVisible()) showMainWindow();
+}
+
+void Preview::showMainWindow() {
+    window_->show();
+    window_->raise();
+    window_->requestActivate();
+}
+
+void Preview::open(std::string_view identifier) {
+    if (identifier == "main" && window_ != nullptr) showMainWindow();
+    if (effects_) effects_->write({"openWindow", std::string(identifier)});
+}
+
+bool Preview::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != window_ || event->type() != QEvent::Close) return false;
+    if (tray_.isOnView()) return false;
+    QCoreApplication::quit();
+    return false;
+}
+
+}  // namespace morvane

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+#include <memory>
+#include <optional>
+
+#include "app/options.h"
+#include "core/app_state.h"
+#include "platform/folder/effect_file.h"
+#include "platform/folder/folder_platform.h"
+#include "platform/linux/appearance.h"
+#include "platform/linux/application_windows.h"
+#include "platform/linux/linux_desktop.h"
+#include "platform/linux/qt_executor.h"
+#include "platform/linux/tray.h"
+#include "services/updater.h"
+#include "tasks/pool.h"
+#include "tasks/scope.h"
+#include "ui/screens/screens.h"
+#include "ui/window/window_model.h"
+
+namespace morvane {
+
+// The program on a disk in a folder, in windows of a Linux desktop. Made in the order in which its
+// parts stand on one another. Main thread.
+class Preview final : public QObject, private screens::Windows {
+    Q_OBJECT
+
+public:
+    Preview(std::unique_ptr<folder::FolderPlatform> system, const PreviewOptions& options,
+            std::optional<folder::EffectFile> effects);
+    // A removal under way is finished and recorded first.
+    ~Preview() override;
+
+    // Whether the window could be made.
+    [[nodiscard]] bool isOpen() const { return window_ != nullptr; }
+
+private:
+    void open(std::string_view identifier) override;
+    void openWindow();
+    void followAppearance(std::optional<bool> dark);
+    void followTray();
+    void updateTray();
+    void showMainWindow();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    std::unique_ptr<folder::FolderPlatform> system_;
+    std::optional<folder::EffectFile> effects_;
+    linuxdesktop::QtExecutor executor_;
+    Pool pool_;
+    QDBusConnection bus_;
+    linuxdesktop::LinuxDesktop desktop_;
+    linuxdesktop::ApplicationWindows windows_;
+    linuxdesktop::Appearance appearance_;
+    linuxdesktop::Tray tray_;
+    std::unique_ptr<Scope> scope_;
+    std::shared_ptr<AppState> state_;
+    std::unique_ptr<Updater> updater_;
+    std::unique_ptr<screens::Screens> screens_;
+    std::unique_ptr<WindowModel> model_;
+    std::unique_ptr<QQmlApplicationEngine> engine_;
+    QQuickWindow* window_ = nullptr;
+    TaskHandle startup_;
+    Store::Subscription trayFollows_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,82 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Components
+import Morvane.Theme
+
+// The head of a group: all of its items at once.
+FocusScope {
+    id: root
+
+    property var group
+    property bool isCurrent: false
+
+    signal toggled()
+    signal moved(int step)
+    signal tookKeyboard()
+
+    function takeKeyboard() {
+        check.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: group.label + ", " + group.count + " · " + group.size
+    Keys.onUpPressed: moved(-1)
+    Keys.onDownPressed: moved(1)
+
+    // The strip fills the head of the card, whose corners are round above.
+    Item {
+        anchors.fill: parent
+        clip: true
+
+        RoundedBox {
+            width: parent.width
+            height: parent.height + 20
+            radius: 14
+            color: Theme.rowHover
+        }
+    }
+
+    CheckBox {
+        id: check
+
+        x: 14
+        anchors.verticalCenter: parent.verticalCenter
+        state: root.group.state
+        name: root.group.label
+        tabStop: root.isCurrent
+        onToggled: root.toggled()
+        onActiveFocusChanged: if (activeFocus) root.tookKeyboard()
+    }
+    Icon {
+        id: icon
+
+        anchors { left: check.right; leftMargin: 12; verticalCenter: parent.verticalCenter }
+        name: root.group.symbol
+        size: 16
+        tint: Theme.accent
+    }
+    Words {
+        anchors { left: icon.right; leftMargin: 12; right: count.left; rightMargin: 12
+                  verticalCenter: parent.verticalCenter }
+        text: root.group.label
+        weight: Font.DemiBold
+        accessible: false
+    }
+    Words {
+        id: count
+
+        anchors { right: size.left; rightMargin: 12; baseline: size.baseline }
+        text: root.group.count
+        size: 12
+        color: Theme.inkFaint
+        accessible: false
+    }
+    Figures {
+        id: size
+
+        anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
+        text: root.group.size
+        weight: Font.DemiBold
+        accessible: false
+    }
+}

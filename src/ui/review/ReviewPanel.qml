@@ -1,0 +1,80 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Components
+import Morvane.Theme
+
+// What an item is, where it lies, and the way there.
+Item {
+    id: root
+
+    property var panel
+    property string rowLabel
+
+    signal revealed()
+
+    implicitHeight: column.implicitHeight + 26
+
+    RoundedBox {
+        anchors { fill: parent; leftMargin: 58; rightMargin: 8; topMargin: 2; bottomMargin: 6 }
+        radius: 10
+        color: Theme.rowHover
+    }
+
+    Column {
+        id: column
+
+        x: 70
+        y: 12
+        width: parent.width - 84
+        spacing: 6
+
+        Words {
+            text: root.panel.title
+            size: 11.5
+            weight: Font.DemiBold
+            color: Theme.accent
+        }
+        Words {
+            width: Math.min(560, parent.width)
+            text: root.panel.text
+            color: Theme.inkSoft
+            lineSpacing: 3
+            wraps: true
+        }
+        Item {
+            width: parent.width
+            height: Math.max(place.implicitHeight, reveal.visible ? reveal.implicitHeight : 0)
+
+            Symbol {
+                id: folder
+
+                anchors.verticalCenter: parent.verticalCenter
+                name: "folder"
+                size: 11
+                color: Theme.inkFaint
+            }
+            Words {
+                id: place
+
+                anchors { left: folder.right; leftMargin: 6; verticalCenter: parent.verticalCenter }
+                width: Math.min(implicitWidth, parent.width - folder.width - 6
+                                - (reveal.visible ? reveal.width + 12 : 0))
+                text: root.panel.location
+                size: 11
+                mono: true
+                color: Theme.inkFaint
+                elide: Text.ElideMiddle
+            }
+            CapsuleButton {
+                id: reveal
+
+                anchors { left: place.right; leftMargin: 12; verticalCenter: parent.verticalCenter }
+                visible: root.panel.reveal !== null
+                button: root.panel.reveal
+                fontSize: 12
+                name: (button?.label ?? "") + ", " + root.rowLabel
+                onPressed: root.revealed()
+            }
+        }
+    }
+}

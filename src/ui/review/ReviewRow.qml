@@ -1,0 +1,86 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Components
+import Morvane.Theme
+
+// One item: its name, how safe it is, its size, and what it is once the row is open.
+FocusScope {
+    id: root
+
+    property var item
+    property bool isCurrent: false
+    property bool isFirst: false
+    property bool isLast: false
+
+    signal toggled()
+    signal opened()
+    signal revealed()
+    signal moved(int step)
+    signal panelLaidOut(real height)
+    signal tookKeyboard()
+
+    function takeKeyboard() {
+        line.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    clip: opening.running
+
+    // The last row lies in the round corners of the card.
+    Item {
+        anchors.fill: parent
+        clip: true
+        visible: line.hovered || root.item.open
+
+        RoundedBox {
+            y: root.isLast ? -20 : 0
+            width: parent.width
+            height: parent.height + (root.isLast ? 20 : 0)
+            radius: root.isLast ? 14 : 0
+            color: Theme.rowHover
+        }
+    }
+    Hairline {
+        anchors { left: parent.left; right: parent.right; top: parent.top }
+        visible: !root.isFirst
+    }
+
+    ReviewLine {
+        id: line
+
+        width: parent.width
+        height: 42
+        item: root.item
+        isCurrent: root.isCurrent
+        turn: opening.value
+        onToggled: root.toggled()
+        onOpened: root.opened()
+        onMoved: step => root.moved(step)
+        onActiveFocusChanged: if (activeFocus) root.tookKeyboard()
+    }
+
+    Spring {
+        id: opening
+
+        target: root.item.open ? 1 : 0
+        response: 0.2
+        dampingFraction: 0.85
+    }
+
+    Loader {
+        id: panel
+
+        y: line.height - (1 - Math.min(1, opening.value)) * 12
+        width: parent.width
+        opacity: Math.max(0, Math.min(1, opening.value))
+        active: root.item.panel !== null
+        sourceComponent: Component {
+            ReviewPanel {
+                panel: root.item.panel
+                rowLabel: root.item.label
+                onRevealed: root.revealed()
+                onImplicitHeightChanged: root.panelLaidOut(implicitHeight)
+                Component.onCompleted: root.panelLaidOut(implicitHeight)
+            }
+        }
+    }
+}

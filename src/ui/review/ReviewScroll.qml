@@ -1,0 +1,105 @@
+import QtQuick
+import Morvane.Components
+import Morvane.Theme
+import Morvane.Window
+
+// The groups and their rows. C++ knows where everything stands; only what is near exists.
+Flickable {
+    id: root
+
+    required property ReviewObject screen
+    readonly property ReviewList list: screen.list
+    // The entry that the keyboard goes to.
+    property string current
+    // Rows glide to their new places for a press of the user's alone.
+    property bool glides: false
+
+    contentHeight: list.contentHeight
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    activeFocusOnTab: false
+    Accessible.role: Accessible.List
+    Accessible.name: screen.title
+
+    onContentYChanged: list.setViewport(contentY, height)
+    onHeightChanged: list.setViewport(contentY, height)
+    Component.onCompleted: list.setViewport(contentY, height)
+
+    function currentKey(): string {
+        return list.heightOf(current) > 0 ? current : list.first()
+    }
+
+    // Brings an entry on view and gives it the keyboard.
+    function goTo(key: string) {
+        if (key === "")
+            return
+        current = key
+        const top = list.topOf(key)
+        const bottom = top + list.heightOf(key)
+        if (top < contentY)
+            contentY = Math.max(0, top - 8)
+        else if (bottom > contentY + height)
+            contentY = Math.min(Math.max(0, contentHeight - height), Math.min(top, bottom - height + 8))
+        for (let place = 0; place < entries.count; ++place) {
+            const entry = entries.itemAt(place)
+            if (entry && entry.key === key)
+                entry.takeKeyboard()
+        }
+    }
+
+    Connections {
+        target: root.list
+
+        function onShifted(distance) {
+            root.contentY += distance
+        }
+    }
+
+    Timer {
+        id: glideEnd
+
+        interval: 400
+        onTriggered: root.glides = false
+    }
+
+    Repeater {
+        model: root.list.cards.length
+
+        delegate: Card {
+            required property int index
+            readonly property var place: root.list.cards[index]
+
+            parent: root.contentItem
+            x: 24
+            y: place.y
+            width: root.width - 48
+            height: place.height
+        }
+    }
+
+    Repeater {
+        id: entries
+
+        model: root.list
+
+        delegate: ReviewEntry {
+            parent: root.contentItem
+            x: 24
+            width: root.width - 48
+            isCurrent: key === root.currentKey()
+            glides: root.glides
+            onToggled: root.screen.press(isHeader ? "groups.state" : "groups.rows.state", entry.id)
+            onOpened: {
+                root.glides = true
+                glideEnd.restart()
+                root.screen.press("groups.rows.open", entry.id)
+            }
+            onRevealed: root.screen.press("groups.rows.panel.reveal", entry.id)
+            onMoved: step => root.goTo(root.list.neighbour(key, step))
+            onPanelLaidOut: height => root.list.setPanelHeight(key, height)
+            onTookKeyboard: root.current = key
+        }
+    }
+
+    ScrollMark { scroll: root }
+}

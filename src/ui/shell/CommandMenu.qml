@@ -1,0 +1,70 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Morvane.Art
+import Morvane.Components
+import Morvane.Theme
+import Morvane.Window
+
+// A menu of commands, each with its shortcut.
+Basic.Menu {
+    id: root
+
+    property var commands: []
+
+    signal chosen(string id)
+
+    padding: 5
+    implicitWidth: 240
+    background: RoundedBox {
+        radius: 8
+        color: Theme.card
+        edgeColor: Theme.cardEdge
+        edgeWidth: 1
+        shadowColor: Theme.shadow(0.25)
+        shadowRadius: 12
+        shadowOffset: 4
+    }
+
+    Instantiator {
+        model: root.commands.length
+        onObjectAdded: (index, object) => root.insertItem(index, object)
+        onObjectRemoved: (index, object) => root.removeItem(object)
+
+        delegate: Basic.MenuItem {
+            id: item
+
+            required property int index
+            readonly property var command: root.commands[index]
+
+            implicitHeight: 26
+            leftPadding: 10
+            rightPadding: 10
+            enabled: command.enabled
+            text: command.label
+            onTriggered: root.chosen(command.id)
+            Accessible.name: command.label
+            background: Rectangle {
+                radius: 5
+                color: item.highlighted && item.enabled ? Theme.accent : Theme.clear
+            }
+            contentItem: Item {
+                readonly property color ink: !item.enabled ? Theme.inkFaint
+                        : item.highlighted ? Theme.onAccent : Theme.ink
+
+                Words {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: item.command.label
+                    color: parent.ink
+                    accessible: false
+                }
+                Words {
+                    anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+                    text: KeyNames.sequence(item.command.key ?? "")
+                    size: 12
+                    color: item.highlighted && item.enabled ? Theme.onAccent : Theme.inkFaint
+                    accessible: false
+                }
+            }
+        }
+    }
+}

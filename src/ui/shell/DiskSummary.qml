@@ -1,0 +1,39 @@
+import QtQuick
+import Morvane.Components
+import Morvane.Theme
+
+// How full the disk is, at the foot of the sidebar.
+Item {
+    id: root
+
+    property var disk
+
+    implicitHeight: name.height + 7 + track.height
+
+    Words {
+        id: name
+
+        x: 10
+        width: Math.min(implicitWidth, root.width - 28 - free.width)
+        text: root.disk.name
+        size: 11.5
+        color: Theme.inkSoft
+    }
+    Words {
+        id: free
+
+        anchors { right: parent.right; rightMargin: 10 }
+        text: root.disk.free
+        size: 11.5
+        weight: Font.DemiBold
+    }
+    ProgressTrack {
+        id: track
+
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom
+                  leftMargin: 10; rightMargin: 10 }
+        height: 5
+        name: root.disk.name
+        fraction: root.disk.fraction
+    }
+}

@@ -1,0 +1,62 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Morvane.Components
+import Morvane.Theme
+import Morvane.Window
+
+// The bar of the commands, where the system keeps none outside the window.
+Item {
+    id: root
+
+    required property ScreenObject shell
+
+    implicitHeight: 28
+    Accessible.role: Accessible.MenuBar
+
+    Row {
+        anchors { left: parent.left; leftMargin: 8; verticalCenter: parent.verticalCenter }
+
+        Repeater {
+            model: root.shell.menus.length
+
+            delegate: Pressable {
+                id: entry
+
+                required property int index
+                readonly property var items: root.shell.menus[index].items
+
+                implicitWidth: words.implicitWidth + 20
+                implicitHeight: 22
+                name: root.shell.menus[index].title
+                role: Accessible.MenuItem
+                onActivated: menu.opened ? menu.close() : menu.open()
+                Keys.onDownPressed: activate()
+
+                Rectangle {
+                    anchors.fill: parent
+                    radius: 5
+                    color: menu.opened || entry.hovered ? Theme.rowHover : Theme.clear
+                }
+                Words {
+                    id: words
+
+                    anchors.centerIn: parent
+                    text: entry.name
+                    size: 12.5
+                    accessible: false
+                }
+                CommandMenu {
+                    id: menu
+
+                    y: entry.height + 2
+                    commands: entry.items
+                    onChosen: id => root.shell.press("menus.items", id)
+                }
+            }
+        }
+    }
+
+    Hairline {
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+    }
+}

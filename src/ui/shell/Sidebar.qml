@@ -1,0 +1,101 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Components
+import Morvane.Theme
+import Morvane.Window
+
+// The brand, the screens to go to, and how full the disk is.
+Rectangle {
+    id: root
+
+    required property ScreenObject screen
+
+    color: Theme.well
+
+    // Moves the keyboard `step` rows on from the row that has it.
+    function moveFrom(row: Item, step: int) {
+        const rows = []
+        for (let section = 0; section < sections.count; ++section)
+            rows.push(...sections.itemAt(section).rowItems())
+        rows.push(settings)
+        const place = rows.indexOf(row) + step
+        if (place >= 0 && place < rows.length)
+            rows[place].forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    Item {
+        id: head
+
+        anchors { left: parent.left; right: parent.right; top: parent.top }
+        height: 34
+
+        AppLogo {
+            id: mark
+
+            anchors { left: parent.left; leftMargin: 18; verticalCenter: parent.verticalCenter }
+            size: 22
+        }
+        Words {
+            anchors { left: mark.right; leftMargin: 8; verticalCenter: parent.verticalCenter }
+            text: root.screen.brand
+            size: 13.5
+            weight: Font.Bold
+        }
+    }
+
+    Item {
+        anchors { left: parent.left; right: parent.right; top: head.bottom; bottom: parent.bottom }
+        Accessible.role: Accessible.List
+        Accessible.name: root.screen.brand
+
+        Flickable {
+            anchors { left: parent.left; right: parent.right; top: parent.top; bottom: foot.top }
+            contentHeight: list.height
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+            Accessible.ignored: true
+
+            Column {
+                id: list
+
+                x: 10
+                width: parent.width - 20
+
+                Repeater {
+                    id: sections
+
+                    model: root.screen.sections.length
+
+                    delegate: SidebarSection {
+                        required property int index
+
+                        width: list.width
+                        section: root.screen.sections[index]
+                        onChosen: id => root.screen.press("sections.rows", id)
+                        onMoved: (row, step) => root.moveFrom(row, step)
+                    }
+                }
+            }
+        }
+
+        Column {
+            id: foot
+
+            anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 10 }
+            spacing: 10
+
+            DiskSummary {
+                width: parent.width
+                disk: root.screen.disk
+            }
+            SidebarRow {
+                id: settings
+
+                width: parent.width
+                row: root.screen.settings
+                onChosen: root.screen.press("settings")
+                onMoved: step => root.moveFrom(settings, step)
+            }
+        }
+    }
+}
