@@ -1,4 +1,3 @@
-#include <QTcpServer>
 #include <sys/stat.h>
 
 #include "feed/updater_on_a_server.h"
@@ -122,12 +121,10 @@ TEST_F(DownloadOfAnUpdate, IsNotBegunForMoreThan500MB) {
 }
 
 TEST_F(DownloadOfAnUpdate, IsNotSentOnToHttp) {
-    QTcpServer plain;
-    ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
-    const UpdateMessage message =
-        downloadOf(11, sentOnTo("http://127.0.0.1:" + std::to_string(plain.serverPort()) + "/"));
+    const PlainServer plain;
+    const UpdateMessage message = downloadOf(11, sentOnTo(plain.address()));
     EXPECT_EQ(message.text, "The connection to the update server isn’t secure.");
-    EXPECT_FALSE(plain.hasPendingConnections());
+    EXPECT_EQ(plain.connections, 0);
     EXPECT_THAT(kept(), IsEmpty());
 }
 

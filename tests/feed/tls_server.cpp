@@ -73,6 +73,20 @@ void TlsServer::read(QSslSocket& connection) {
     }
 }
 
+PlainServer::PlainServer() {
+    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] {
+        ++connections;
+        QTcpSocket* const connection = server_.nextPendingConnection();
+        connection->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+        connection->disconnectFromHost();
+    });
+    EXPECT_TRUE(server_.listen(QHostAddress::LocalHost));
+}
+
+std::string PlainServer::address() const {
+    return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
+}
+
 TlsServer::Answer exactly(const std::string& bytes) {
     return [bytes](QSslSocket& connection) {
         connection.write(bytes.data(), static_cast<qint64>(bytes.size()));

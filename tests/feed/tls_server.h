@@ -3,6 +3,7 @@
 #include <QSslConfiguration>
 #include <QSslServer>
 #include <QSslSocket>
+#include <QTcpServer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -36,6 +37,18 @@ private:
 
     QSslCertificate certificate_;
     QSslServer server_;
+};
+
+// One that speaks plain HTTP, and only to say that there is nothing.
+class PlainServer {
+public:
+    PlainServer();
+    [[nodiscard]] std::string address() const;
+
+    int connections = 0;
+
+private:
+    QTcpServer server_;
 };
 
 // The whole content, with its length.
