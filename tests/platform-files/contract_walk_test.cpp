@@ -56,6 +56,21 @@ TEST_P(FileSystemContract, AnUnreadableSubfolderIsLeftOutQuietly) {
     EXPECT_TRUE(none.entries.empty());
 }
 
+TEST_P(FileSystemContract, SaysWhetherTheFolderItselfCouldBeListed) {
+    disk->addFile("/folder/closed/b", 8'192);
+    disk->addFile("/folder/open/c", 8'192);
+    disk->addLink("/link", "/folder/closed");
+    disk->refuseReading("/folder/closed");
+    const auto isUnreadable = [&](const char* path) {
+        return files.treeSize(path, true, StopToken()).isUnreadable;
+    };
+    EXPECT_TRUE(isUnreadable("/folder/closed"));
+    EXPECT_TRUE(isUnreadable("/link"));
+    EXPECT_TRUE(isUnreadable("/none"));
+    EXPECT_FALSE(isUnreadable("/folder"));
+    EXPECT_FALSE(isUnreadable("/folder/open"));
+}
+
 TEST_P(FileSystemContract, WhatCannotBeOpenedIsOfNoSize) {
     disk->addFile("/file", 4'096);
     EXPECT_EQ(size("/none"), 0);
