@@ -58,40 +58,23 @@ public:
 
 }  // namespace
 
-Result<Attributes> CountingFiles::attributes(const std::filesystem::path& path) const {
-    return files_.attributes(path);
-}
-Presence CountingFiles::presence(const std::filesystem::path& path) const {
-    return files_.presence(path);
-}
-bool CountingFiles::exists(const std::filesystem::path& path) const {
-    return files_.exists(path);
-}
-bool CountingFiles::isExecutableFile(const std::filesystem::path& path) const {
-    return files_.isExecutableFile(path);
-}
-Probe CountingFiles::probe(const std::filesystem::path& path) const {
-    return files_.probe(path);
-}
-std::string CountingFiles::displayName(const std::filesystem::path& path) const {
-    return files_.displayName(path);
-}
-Result<std::string> CountingFiles::readFile(const std::filesystem::path& path,
-                                            std::int64_t limit) const {
-    return files_.readFile(path, limit);
-}
-
 Result<std::vector<ListedEntry>> CountingFiles::list(const std::filesystem::path& path,
                                                      Hidden hidden) const {
-    Result<std::vector<ListedEntry>> listed = files_.list(path, hidden);
+    Result<std::vector<ListedEntry>> listed = files().list(path, hidden);
     if (listed.ok()) entries_ += static_cast<std::int64_t>(listed->size());
     return listed;
+}
+
+Result<std::vector<std::string>> CountingFiles::names(const std::filesystem::path& path) const {
+    Result<std::vector<std::string>> found = files().names(path);
+    if (found.ok()) entries_ += static_cast<std::int64_t>(found->size());
+    return found;
 }
 
 bool CountingFiles::walk(const std::filesystem::path& path, const WalkOptions& options,
                          FolderVisit& root, const StopToken& token) const {
     CountingVisit counting(&root, nullptr, entries_);
-    return files_.walk(path, options, counting, token);
+    return files().walk(path, options, counting, token);
 }
 
 TreeSize CountingFiles::treeSize(const std::filesystem::path& path, bool withDates,

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "measure/storage_scanner.h"
+#include "platform/forwarding_file_system.h"
 #include "support/fake_system.h"
 
 namespace {
@@ -59,8 +60,10 @@ namespace {
 constexpr std::int64_t MB = 1'000'000;
 
 // One folder that is made up while it is walked, so that the test itself holds none of it.
-class EndlessFolder final : public FileSystem {
+class EndlessFolder final : public ForwardingFileSystem {
 public:
+    EndlessFolder() : ForwardingFileSystem(nothingElse_) {}
+
     std::int64_t entryCount = 500'000;
     bool holdsFolders = false;
 
@@ -96,34 +99,9 @@ public:
         return true;
     }
 
-    [[nodiscard]] Result<Attributes> attributes(const std::filesystem::path&) const override {
-        return Failure{};
-    }
-    [[nodiscard]] Presence presence(const std::filesystem::path&) const override {
-        return Presence::unknown;
-    }
-    [[nodiscard]] bool exists(const std::filesystem::path&) const override { return true; }
-    [[nodiscard]] bool isExecutableFile(const std::filesystem::path&) const override {
-        return false;
-    }
-    [[nodiscard]] Probe probe(const std::filesystem::path&) const override { return Probe::failed; }
-    [[nodiscard]] std::string displayName(const std::filesystem::path&) const override {
-        return {};
-    }
-    [[nodiscard]] Result<std::vector<ListedEntry>> list(const std::filesystem::path&,
-                                                        Hidden) const override {
-        return Failure{};
-    }
-    [[nodiscard]] Result<std::string> readFile(const std::filesystem::path&,
-                                               std::int64_t) const override {
-        return Failure{};
-    }
-    [[nodiscard]] TreeSize treeSize(const std::filesystem::path&, bool,
-                                    const StopToken&) const override {
-        return {};
-    }
-
 private:
+    fakes::FakeFiles nothingElse_;
+
     class Here final : public WalkedFolder {
     public:
         [[nodiscard]] std::filesystem::path path() const override { return "/Users"; }
