@@ -26,11 +26,12 @@ bool isWritable(const std::string& text) {
 FileDefaults::FileDefaults(const DiskRoot& disk, std::filesystem::path path)
     : list_(readList(disk, path)),
       writer_([&disk, path = std::move(path)](const std::string& bytes) {
-          // Writing defaults has no failure path: the next write tries again.
-          (void)replaceWholeFile(disk, path, bytes);
+          return !replaceWholeFile(disk, path, bytes);
       }) {}
 
-FileDefaults::~FileDefaults() = default;
+FileDefaults::~FileDefaults() {
+    stop();
+}
 
 const PropertyList* FileDefaults::find(const std::string& key) const {
     return list_.find(key);
@@ -108,7 +109,9 @@ void FileDefaults::flush() {
 }
 
 void FileDefaults::stop() {
-    isStopped_ = true;
+    if (std::exchange(isStopped_, true)) return;
+    // No write comes after it that would make up for a last one that failed.
+    writer_.retryIfFailed();
 }
 
 void FileDefaults::set(const std::string& key, PropertyList::Value value) {

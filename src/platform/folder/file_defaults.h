@@ -18,8 +18,9 @@ namespace morvane::folder {
 // read or is no dictionary counts as empty, and the next write replaces it.
 //
 // Each write hands the whole list to one writer thread (NewestWriter). A write that fails leaves
-// the old file and nothing else; the next one tries again. A value that would make the list larger
-// than can be read back is not taken: the old one stays.
+// the old file and nothing else; the next one tries again, and where none comes the last is tried
+// once more at the end. A value that would make the list larger than can be read back is not taken:
+// the old one stays.
 class FileDefaults : public Defaults {
 public:
     // `path` is in the disk's terms; `disk` outlives this.
@@ -45,7 +46,8 @@ public:
 
     void flush() override;
 
-    // From now on no write changes anything. What was written before still reaches the disk.
+    // From now on no write changes anything. What was written before still reaches the disk; a
+    // write that failed is tried for the last time.
     void stop();
 
 private:

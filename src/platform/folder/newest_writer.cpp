@@ -4,7 +4,7 @@
 
 namespace morvane::folder {
 
-NewestWriter::NewestWriter(std::function<void(const std::string&)> store)
+NewestWriter::NewestWriter(std::function<bool(const std::string&)> store)
     : store_(std::move(store)) {}
 
 NewestWriter::~NewestWriter() {
@@ -30,18 +30,30 @@ void NewestWriter::waitUntilIdle() {
     changed_.wait(lock, [this] { return !waiting_ && !isStoring_; });
 }
 
+void NewestWriter::retryIfFailed() {
+    {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return !waiting_ && !isStoring_; });
+        if (!failed_) return;
+        waiting_ = std::exchange(failed_, std::nullopt);
+    }
+    changed_.notify_all();
+}
+
 void NewestWriter::run() {
     std::unique_lock lock(mutex_);
     while (true) {
         changed_.wait(lock, [this] { return waiting_ || isEnding_; });
         if (!waiting_) return;
-        const std::string bytes = std::move(*waiting_);
+        std::string bytes = std::move(*waiting_);
         waiting_.reset();
+        failed_.reset();
         isStoring_ = true;
         lock.unlock();
-        store_(bytes);
+        const bool isStored = store_(bytes);
         lock.lock();
         isStoring_ = false;
+        if (!isStored) failed_ = std::move(bytes);
         changed_.notify_all();
     }
 }

@@ -14,8 +14,8 @@ namespace morvane::folder {
 // older one has nothing to add. From one thread.
 class NewestWriter {
 public:
-    // `store` runs on the writer's thread, never twice at a time, and is free to fail.
-    explicit NewestWriter(std::function<void(const std::string&)> store);
+    // `store` runs on the writer's thread, never twice at a time, and tells whether it succeeded.
+    explicit NewestWriter(std::function<bool(const std::string&)> store);
     NewestWriter(const NewestWriter&) = delete;
     NewestWriter& operator=(const NewestWriter&) = delete;
     // What was handed over is stored first.
@@ -25,14 +25,17 @@ public:
     void write(std::string bytes);
     // Waits until nothing is left to store.
     void waitUntilIdle();
+    // Waits likewise, and where the newest could not be stored hands it over once more.
+    void retryIfFailed();
 
 private:
     void run();
 
-    std::function<void(const std::string&)> store_;
+    std::function<bool(const std::string&)> store_;
     std::mutex mutex_;
     std::condition_variable changed_;
     std::optional<std::string> waiting_;
+    std::optional<std::string> failed_;  // the last one, where it could not be stored
     bool isStoring_ = false;
     bool isEnding_ = false;
     std::thread thread_;
