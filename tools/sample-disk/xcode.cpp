@@ -107,7 +107,8 @@ PropertyList archiveList(const Archive& archive, Moment made) {
 }
 
 void planArchive(Plan& disk, const Archive& archive) {
-    const std::string name = std::string(archive.name) + " " + std::string(archive.version);
+    std::string name(archive.name);
+    if (!archive.version.empty()) name.append(" ").append(archive.version);
     const Moment made = disk.ago("archive of " + name, archive.days);
     const std::string folder =
         inLibrary("Developer/Xcode/Archives/" + dayText(made) + "/" + name + ", 17.04.xcarchive/");
