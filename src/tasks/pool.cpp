@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tasks/background_thread.h"
+
 namespace morvane {
 
 namespace {
@@ -43,6 +45,7 @@ void Pool::startThreadIfNeeded() {
 
 void Pool::run() {
     poolOfThread = this;
+    standBackForMainThread();
     std::unique_lock lock(mutex_);
     while (true) {
         wake_.wait(lock, [&] {

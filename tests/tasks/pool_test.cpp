@@ -1,7 +1,9 @@
 #include "tasks/pool.h"
 
+#include <algorithm>
 #include <atomic>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "tasks/gates.h"
 
@@ -12,6 +14,31 @@ TEST(Pool, IsAsWideAsTheMachineAndAtLeastTwo) {
     const Pool pool;
     EXPECT_GE(pool.width(), 2U);
     EXPECT_EQ(Pool(7).width(), 7U);
+}
+
+TEST(Pool, StandsBackBehindTheMainThreadByTheSameStepsHoweverItsThreadsStart) {
+    const auto nice = [] { return ::getpriority(PRIO_PROCESS, 0); };
+    const int own = nice();
+    int ofFirst = 0;
+    int ofSecond = 0;
+    {
+        Pool pool(1);
+        pool.post([&] {
+            ofFirst = nice();
+            ThreadGate gate;
+            pool.post([&] {
+                ofSecond = nice();
+                gate.pass();
+            });
+            // The second thread is started by the first one, which waits for it.
+            const Pool::Blocking blocking;
+            gate.waitForArrivals(1);
+            gate.open();
+        });
+    }
+    EXPECT_EQ(nice(), own);
+    EXPECT_EQ(ofFirst, std::min(own + 5, 19));
+    EXPECT_EQ(ofSecond, ofFirst);
 }
 
 TEST(Pool, WaitsInItsDestructorForAllThatWasPosted) {
