@@ -78,7 +78,7 @@ Pressable {
         Words {
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, root.width - 16)
-            text: root.name
+            text: root.button?.label ?? ""
             size: root.fontSize
             weight: root.fontWeight
             color: root.ink

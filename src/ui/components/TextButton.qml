@@ -53,7 +53,7 @@ Pressable {
         Words {
             id: words
             visible: !root.symbolOnly
-            text: root.name
+            text: root.button?.label ?? ""
             size: root.fontSize
             weight: root.fontWeight
             color: root.ink

@@ -15,7 +15,7 @@ Item {
     implicitHeight: column.implicitHeight + 26
 
     RoundedBox {
-        anchors { fill: parent; leftMargin: 58; rightMargin: 8; topMargin: 2; bottomMargin: 6 }
+        anchors.fill: parent
         radius: 10
         color: Theme.rowHover
     }

@@ -27,15 +27,18 @@ FocusScope {
 
     // The last row lies in the round corners of the card.
     Item {
-        anchors.fill: parent
+        width: parent.width
+        height: line.height
         clip: true
         visible: line.hovered || root.item.open
 
         RoundedBox {
-            y: root.isLast ? -20 : 0
+            readonly property bool isFoot: root.isLast && !root.item.open
+
+            y: isFoot ? -20 : 0
             width: parent.width
-            height: parent.height + (root.isLast ? 20 : 0)
-            radius: root.isLast ? 14 : 0
+            height: parent.height + (isFoot ? 20 : 0)
+            radius: isFoot ? 14 : 0
             color: Theme.rowHover
         }
     }
@@ -78,8 +81,13 @@ FocusScope {
                 panel: root.item.panel
                 rowLabel: root.item.label
                 onRevealed: root.revealed()
-                onImplicitHeightChanged: root.panelLaidOut(implicitHeight)
-                Component.onCompleted: root.panelLaidOut(implicitHeight)
+                // Not while the row is still being made from the list that this changes.
+                onImplicitHeightChanged: Qt.callLater(tell)
+                Component.onCompleted: Qt.callLater(tell)
+
+                function tell() {
+                    root.panelLaidOut(implicitHeight)
+                }
             }
         }
     }
