@@ -34,8 +34,9 @@ std::unique_ptr<FakeNode> takeFrom(FakeNode& parent, FakeNode* node) {
 
 void collect(const FakeNode& node, const Path& path, std::vector<Path>& found) {
     for (const auto& child : node.children) {
-        found.push_back(path / child->name);
-        collect(*child, found.back(), found);
+        const Path place = path / child->name;
+        found.push_back(place);
+        collect(*child, place, found);
     }
 }
 
