@@ -63,6 +63,7 @@ Task<void> AppState::runRequestNotifications(Self self) {
     });
     const PermissionStatus status = co_await readNotificationStatus(self->platform());
     if (co_await isCancelled()) co_return;
+    const AnimatedChange animated(self->store_);
     self->notificationStatus = status;
     self->remindWhenReady = status == PermissionStatus::granted;
 }
