@@ -115,6 +115,32 @@ TEST_F(FileDefaultsTest, AreEmptyWhereTheFileSaysNothing) {
     }
 }
 
+TEST_F(FileDefaultsTest, TryTheLastWriteOnceMoreAtTheirEnd) {
+    disk.put("/Users", "in the way");
+    {
+        FileDefaults defaults(disk.root(), path);
+        defaults.setText("a", "b");
+        defaults.flush();
+        std::filesystem::remove(disk.at("/Users"));
+    }
+    EXPECT_EQ(stored(), (PropertyList{PropertyList::Dictionary{{"a", {std::string("b")}}}}));
+}
+
+TEST_F(FileDefaultsTest, PutNothingOldInPlaceOfWhatCameAfterTheyWereStopped) {
+    disk.put("/Users", "in the way");
+    {
+        FileDefaults old(disk.root(), path);
+        old.setText("a", "old");
+        old.stop();
+        old.flush();
+        std::filesystem::remove(disk.at("/Users"));
+        FileDefaults defaults(disk.root(), path);
+        defaults.setText("a", "new");
+        defaults.flush();
+    }
+    EXPECT_EQ(stored(), (PropertyList{PropertyList::Dictionary{{"a", {std::string("new")}}}}));
+}
+
 TEST_F(FileDefaultsTest, DoNotWaitForAPipeAndTakeItsPlace) {
     std::filesystem::create_directories(disk.at(folderPath));
     ASSERT_EQ(::mkfifo(disk.at(path).c_str(), 0600), 0);
