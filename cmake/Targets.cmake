@@ -12,6 +12,10 @@ function(morvane_layer name)
     PRIVATE morvane::warnings ${arg_USES_PRIVATE})
 endfunction()
 
+# Several files of a test program are compiled as one, for most of a test's compilation is its
+# headers. A file whose names clash with a neighbour's says SKIP_UNITY_BUILD_INCLUSION.
+option(MORVANE_UNITY_TESTS "compile several files of a test program as one" ON)
+
 # morvane_test(NAME [USES target…]): one test program of this folder's .cpp files; ctest -N lists
 # each of its tests.
 function(morvane_test name)
@@ -21,6 +25,9 @@ function(morvane_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PRIVATE morvane::warnings ${arg_USES} GTest::gmock
     GTest::gtest_main)
+  if(MORVANE_UNITY_TESTS)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 600
     PROPERTIES LABELS "${arg_LABELS}")
 endfunction()
