@@ -13,7 +13,8 @@ function(morvane_layer name)
 endfunction()
 
 # Several files of a test program are compiled as one, for most of a test's compilation is its
-# headers. A file whose names clash with a neighbour's says SKIP_UNITY_BUILD_INCLUSION.
+# headers. A file whose names clash with a neighbour's says
+# SKIP_UNITY_BUILD_INCLUSION.
 option(MORVANE_UNITY_TESTS "compile several files of a test program as one" ON)
 
 # morvane_test(NAME [USES target…]): one test program of this folder's .cpp files; ctest -N lists
