@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <QStandardPaths>
 
 #include "ui/art/app_logo.h"
 #include "ui/theme/theme.h"
@@ -38,7 +39,10 @@ Preview::Preview(std::unique_ptr<folder::FolderPlatform> system, const PreviewOp
       effects_(std::move(effects)),
       executor_(linuxdesktop::RunningClock(system_->host()->now)),
       bus_(QDBusConnection::sessionBus()),
-      desktop_(bus_, [](const std::string&) {}),
+      desktop_(bus_,
+               [this](const std::string& link) {
+                   if (smallWindows_) smallWindows_->note.show(link);
+               }),
       appearance_(bus_),
       tray_(bus_) {
     QGuiApplication::setWindowIcon(applicationIcon());
@@ -52,7 +56,11 @@ Preview::Preview(std::unique_ptr<folder::FolderPlatform> system, const PreviewOp
         {Runtime{executor_, pool_}, system_->platform(), system_->remover(), system_->defaults()});
     // The first steps of a newcomer are still to come: every disk counts as having taken them.
     if (!*state_->hasOnboarded) state_->hasOnboarded = true;
-    updater_ = std::make_unique<Updater>(system_->updates());
+    smallWindows_ = std::make_unique<SmallWindows>(system_->platform(), *scope_);
+    windows_.setChooser([this](const Workspace::FolderPanel& panel, auto chosen) {
+        smallWindows_->chooser.choose(panel, std::move(chosen));
+    });
+    updater_ = std::make_unique<Updater>(updateService());
     screens_ = std::make_unique<screens::Screens>(screens::ScreenNeeds{*state_, *updater_, *this});
     model_ = std::make_unique<WindowModel>(*screens_, *state_, *updater_, *scope_);
     engine_ = std::make_unique<QQmlApplicationEngine>();
@@ -70,9 +78,15 @@ Preview::Preview(std::unique_ptr<folder::FolderPlatform> system, const PreviewOp
 
 Preview::~Preview() {
     trayFollows_ = {};
+    windowMemory_.reset();
     engine_.reset();
     model_.reset();
     screens_.reset();
+    updater_.reset();
+    feed_.reset();
+    // Who waits for a folder to be chosen waits no longer.
+    windows_.setChooser(nullptr);
+    smallWindows_.reset();
     const auto turnUntil = [](const auto& done) {
         while (!done()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
     };
@@ -82,6 +96,21 @@ Preview::~Preview() {
     system_->processes().endAll();
     scope_->cancel();
     turnUntil([this] { return scope_->isEmpty() && state_->isIdle(); });
+}
+
+UpdateService& Preview::updateService() {
+    const BundleInfo bundle = system_->platform().bundle;
+    // Where effects are written down, a check is one of them.
+    if (effects_ || !bundle.updateFeed || !bundle.updateKey) return system_->updates();
+    const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    feed_ = std::make_unique<FeedUpdater>(
+        Runtime{executor_, pool_}, system_->defaults(), smallWindows_->notice, bundle,
+        FeedUpdater::Options{.downloads = downloads.toStdString()});
+    smallWindows_->notice.setPresses(
+        {.download = [this] { feed_->download(); },
+         .reveal = [this](const std::filesystem::path& file) { desktop_.reveal(file); },
+         .dismiss = [this] { feed_->dismiss(); }});
+    return *feed_;
 }
 
 void Preview::openWindow() {
@@ -96,6 +125,8 @@ void Preview::openWindow() {
     followPixels();
     connect(window_, &QWindow::screenChanged, this, followPixels);
     window_->installEventFilter(this);
+    windowMemory_ = std::make_unique<WindowMemory>(*window_, system_->defaults());
+    if (!smallWindows_->load(*engine_, *window_)) qWarning("the small windows could not be made");
     window_->show();
 }
 

@@ -7,6 +7,8 @@
 #include <optional>
 
 #include "app/options.h"
+#include "app/small_windows.h"
+#include "app/window_memory.h"
 #include "core/app_state.h"
 #include "platform/folder/effect_file.h"
 #include "platform/folder/folder_platform.h"
@@ -15,6 +17,7 @@
 #include "platform/linux/linux_desktop.h"
 #include "platform/linux/qt_executor.h"
 #include "platform/linux/tray.h"
+#include "services/feed/feed_updater.h"
 #include "services/updater.h"
 #include "tasks/pool.h"
 #include "tasks/scope.h"
@@ -39,6 +42,7 @@ public:
 
 private:
     void open(std::string_view identifier) override;
+    [[nodiscard]] UpdateService& updateService();
     void openWindow();
     void followAppearance(std::optional<bool> dark);
     void followTray();
@@ -57,11 +61,14 @@ private:
     linuxdesktop::Tray tray_;
     std::unique_ptr<Scope> scope_;
     std::shared_ptr<AppState> state_;
+    std::unique_ptr<SmallWindows> smallWindows_;
+    std::unique_ptr<FeedUpdater> feed_;
     std::unique_ptr<Updater> updater_;
     std::unique_ptr<screens::Screens> screens_;
     std::unique_ptr<WindowModel> model_;
     std::unique_ptr<QQmlApplicationEngine> engine_;
     QQuickWindow* window_ = nullptr;
+    std::unique_ptr<WindowMemory> windowMemory_;
     TaskHandle startup_;
     Store::Subscription trayFollows_;
 };

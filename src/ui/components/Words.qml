@@ -24,6 +24,8 @@ Item {
     property int maximumLines: 0
     property int elide: Text.ElideRight
     property int horizontalAlignment: Text.AlignLeft
+    // False where something else shows the whole of a text that is cut.
+    property bool hasToolTip: true
     // False where a control or a row of another name speaks for it.
     property bool accessible: true
     readonly property alias truncated: inner.truncated
@@ -64,7 +66,7 @@ Item {
 
     // What is cut is whole in the tooltip, which few texts need.
     Repeater {
-        model: inner.truncated ? 1 : 0
+        model: inner.truncated && root.hasToolTip ? 1 : 0
 
         ToolTipArea {
             anchors.fill: root

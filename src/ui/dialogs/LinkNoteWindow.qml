@@ -1,0 +1,68 @@
+import QtQuick
+import Morvane.Components
+import Morvane.Theme
+import Morvane.Window
+
+// Where a link would lead.
+DialogWindow {
+    id: root
+
+    required property LinkNote note
+
+    title: note.title
+    shown: note.isOpen
+    width: 440
+    height: column.height + 40
+    minimumWidth: width
+    maximumWidth: width
+    minimumHeight: height
+    maximumHeight: height
+    onDismissed: note.dismiss()
+
+    Column {
+        id: column
+
+        x: 20
+        y: 20
+        width: root.width - 40
+        spacing: 10
+
+        Words {
+            width: parent.width
+            text: root.note.text
+            wraps: true
+        }
+        SelectableText {
+            width: parent.width
+            text: root.note.link
+            mono: true
+            color: Theme.inkSoft
+            wrapMode: TextEdit.WrapAnywhere
+        }
+        Item {
+            width: parent.width
+            height: close.height + 6
+
+            CapsuleButton {
+                id: close
+
+                anchors { right: parent.right; bottom: parent.bottom }
+                button: root.note.close
+                onPressed: root.note.dismiss()
+            }
+        }
+    }
+
+    ButtonShortcut {
+        button: root.note.close
+        onActivated: root.note.dismiss()
+    }
+    Connections {
+        target: root.note
+
+        function onShown() {
+            root.raise()
+            root.requestActivate()
+        }
+    }
+}

@@ -1,0 +1,113 @@
+import QtQuick
+import Morvane.Art
+import Morvane.Components
+import Morvane.Theme
+import Morvane.Window
+
+// What is told about new versions.
+DialogWindow {
+    id: root
+
+    required property UpdateNotice notice
+    readonly property bool hasNotes: notice.notes !== ""
+
+    title: notice.windowTitle
+    shown: notice.isOpen
+    width: 480
+    height: Math.max(words.y + words.height, 76) + (hasNotes ? 216 : 0) + foot.height + 40
+    minimumWidth: 420
+    minimumHeight: height
+    onDismissed: notice.dismiss()
+
+    AppLogo {
+        id: logo
+
+        x: 20
+        y: 20
+        size: 56
+    }
+    Column {
+        id: words
+
+        anchors { left: logo.right; leftMargin: 18; right: parent.right; rightMargin: 20 }
+        y: 20
+        spacing: 6
+
+        Words {
+            width: parent.width
+            text: root.notice.title
+            size: 15
+            weight: Font.Bold
+            wraps: true
+            Accessible.role: Accessible.Heading
+        }
+        Words {
+            width: parent.width
+            text: root.notice.text
+            color: Theme.inkSoft
+            wraps: true
+        }
+        ProgressTrack {
+            width: parent.width
+            visible: root.notice.isDownloading
+            fraction: root.notice.fraction
+            name: root.notice.title
+        }
+    }
+    Rectangle {
+        anchors { left: words.left; right: words.right; top: words.bottom; topMargin: 14
+                  bottom: foot.top; bottomMargin: 20 }
+        visible: root.hasNotes
+        radius: 8
+        color: Theme.well
+        border.width: Theme.hairline
+        border.color: Theme.cardEdge
+
+        Flickable {
+            id: scroll
+
+            anchors { fill: parent; margins: 10 }
+            contentHeight: notes.height
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+
+            SelectableText {
+                id: notes
+
+                width: scroll.width - 8
+                text: root.notice.notes
+            }
+
+            ScrollMark { scroll: scroll }
+        }
+    }
+    Row {
+        id: foot
+
+        anchors { right: parent.right; bottom: parent.bottom; margins: 20 }
+        spacing: 10
+
+        CapsuleButton {
+            button: root.notice.close
+            onPressed: root.notice.dismiss()
+        }
+        CapsuleButton {
+            visible: root.notice.action !== null
+            button: root.notice.action
+            onPressed: root.notice.act()
+        }
+    }
+
+    ButtonShortcut {
+        button: root.notice.action ?? root.notice.close
+        onActivated: root.notice.action !== null ? root.notice.act() : root.notice.dismiss()
+    }
+    Connections {
+        target: root.notice
+
+        function onShown() {
+            root.raise()
+            root.requestActivate()
+        }
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import Morvane.Components
+import Morvane.Theme
+
+// A part of the form: its title, its lines on a card, and what is to know about them.
+Column {
+    id: root
+
+    property string title
+    property string footer
+    default property alias lines: body.data
+
+    spacing: 8
+
+    Words {
+        x: 16
+        width: Math.min(implicitWidth, root.width - 32)
+        text: root.title
+        weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+    }
+    Card {
+        width: root.width
+        height: body.height
+
+        Column {
+            id: body
+
+            width: parent.width
+        }
+    }
+    Words {
+        x: 16
+        width: root.width - 32
+        visible: text !== ""
+        text: root.footer
+        size: 12
+        color: Theme.inkSoft
+        wraps: true
+    }
+}
