@@ -3,6 +3,7 @@
 #ifdef __APPLE__
 #include <pthread/qos.h>
 #else
+#include <sched.h>
 #include <sys/resource.h>
 #include <unistd.h>
 #endif
@@ -18,6 +19,10 @@ void standBackForMainThread() {
     constexpr int steps = 5;
     const int ofMainThread = ::getpriority(PRIO_PROCESS, static_cast<id_t>(::getpid()));
     ::setpriority(PRIO_PROCESS, 0, ofMainThread + steps);
+    // The main thread wakes one of these in the middle of its turn, and would be put aside for it
+    // at once. Those that are known to work in batches wait until it is done.
+    const sched_param noOther{};
+    ::sched_setscheduler(0, SCHED_BATCH, &noOther);
 #endif
 }
 

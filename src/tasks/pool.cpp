@@ -22,8 +22,10 @@ Pool::~Pool() {
         std::vector<std::thread> threads;
         threads.swap(threads_);
         lock.unlock();
-        wake_.notify_all();
-        for (std::thread& thread : threads) thread.join();
+        for (std::thread& thread : threads) {
+            wakeUps_.give();
+            thread.join();
+        }
         lock.lock();
     }
 }
@@ -34,7 +36,7 @@ void Pool::post(std::function<void()> work) {
         queue_.push_back(std::move(work));
         startThreadIfNeeded();
     }
-    wake_.notify_one();
+    wakeUps_.give();
 }
 
 void Pool::startThreadIfNeeded() {
@@ -48,32 +50,39 @@ void Pool::run() {
     standBackForMainThread();
     std::unique_lock lock(mutex_);
     while (true) {
-        wake_.wait(lock, [&] {
-            return (!queue_.empty() && busy_ < width_) || (closing_ && queue_.empty());
-        });
-        if (queue_.empty()) break;
-        std::function<void()> work = std::move(queue_.front());
-        queue_.pop_front();
-        --waiting_;
-        ++busy_;
-        lock.unlock();
-        work();
-        work = nullptr;
-        lock.lock();
-        --busy_;
-        ++waiting_;
-        if (!queue_.empty()) wake_.notify_one();
+        if (!queue_.empty() && busy_ < width_) {
+            std::function<void()> work = std::move(queue_.front());
+            queue_.pop_front();
+            --waiting_;
+            ++busy_;
+            lock.unlock();
+            work();
+            work = nullptr;
+            lock.lock();
+            // The place that is free now is this thread's own, so that it looks again by itself.
+            --busy_;
+            ++waiting_;
+        } else if (closing_ && queue_.empty()) {
+            break;
+        } else {
+            lock.unlock();
+            wakeUps_.take();
+            lock.lock();
+        }
     }
     --waiting_;
-    wake_.notify_all();
+    // The wake-up that ended this thread may have been meant for another.
+    wakeUps_.give();
 }
 
 Pool::Blocking::Blocking() : pool_(poolOfThread) {
     if (pool_ == nullptr) return;
-    const std::lock_guard lock(pool_->mutex_);
-    --pool_->busy_;
-    pool_->startThreadIfNeeded();
-    pool_->wake_.notify_one();
+    {
+        const std::lock_guard lock(pool_->mutex_);
+        --pool_->busy_;
+        pool_->startThreadIfNeeded();
+    }
+    pool_->wakeUps_.give();
 }
 
 Pool::Blocking::~Blocking() {

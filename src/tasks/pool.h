@@ -1,11 +1,12 @@
 #pragma once
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
 #include <thread>
 #include <vector>
+
+#include "tasks/wake_ups.h"
 
 namespace morvane {
 
@@ -43,7 +44,7 @@ private:
 
     unsigned width_;
     std::mutex mutex_;
-    std::condition_variable wake_;
+    WakeUps wakeUps_;  // one for each reason to look at the queue, or more
     std::deque<std::function<void()>> queue_;
     std::vector<std::thread> threads_;
     unsigned busy_ = 0;     // functions that run and do not block
