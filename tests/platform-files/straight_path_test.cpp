@@ -13,10 +13,19 @@ Descriptor topOf(const FolderDisk& disk) {
     return Descriptor(::open(disk.place("/").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
+Descriptor opened(const FolderDisk& disk, const char* path) {
+    return openStraight(topOf(disk).get(), path, O_PATH | O_DIRECTORY);
+}
+
 TEST(StraightPath, NamesTheFolderAndTheItem) {
     EXPECT_EQ(straightPath("/Users/sam/a.txt"), (StraightPath{"/Users/sam", "a.txt"}));
     EXPECT_EQ(straightPath("/Users"), (StraightPath{"/", "Users"}));
     EXPECT_EQ(straightPath("Users/sam"), (StraightPath{"/Users", "sam"}));
+}
+
+TEST(StraightPath, IsWholeAgain) {
+    EXPECT_EQ(straightPath("//Users/./sam")->whole(), "/Users/sam");
+    EXPECT_EQ(straightPath("Users")->whole(), "/Users");
 }
 
 TEST(StraightPath, LeavesOutDotsAndDoubleSlashes) {
@@ -42,13 +51,13 @@ TEST(OpenStraight, OpensTheFolderItself) {
     const FolderDisk disk;
     disk.addFolder("/Users/sam");
     struct stat named{};
-    struct stat opened{};
-    const Descriptor folder = openStraight(topOf(disk).get(), "/Users/sam");
+    struct stat found{};
+    const Descriptor folder = opened(disk, "/Users/sam");
     ASSERT_TRUE(folder);
-    ASSERT_EQ(::fstat(folder.get(), &opened), 0);
+    ASSERT_EQ(::fstat(folder.get(), &found), 0);
     ASSERT_EQ(::stat(disk.place("/Users/sam").c_str(), &named), 0);
-    EXPECT_EQ(opened.st_ino, named.st_ino);
-    EXPECT_TRUE(openStraight(topOf(disk).get(), "/"));
+    EXPECT_EQ(found.st_ino, named.st_ino);
+    EXPECT_TRUE(opened(disk, "/"));
 }
 
 TEST(OpenStraight, OpensNothingBehindALink) {
@@ -56,18 +65,18 @@ TEST(OpenStraight, OpensNothingBehindALink) {
     disk.addFolder("/Users/sam");
     disk.addLink("/people", "Users");
     disk.addLink("/Users/me", "sam");
-    EXPECT_FALSE(openStraight(topOf(disk).get(), "/people/sam"));
-    EXPECT_FALSE(openStraight(topOf(disk).get(), "/Users/me"));
-    EXPECT_FALSE(openStraight(topOf(disk).get(), "/people"));
+    EXPECT_FALSE(opened(disk, "/people/sam"));
+    EXPECT_FALSE(opened(disk, "/Users/me"));
+    EXPECT_FALSE(opened(disk, "/people"));
 }
 
 TEST(OpenStraight, OpensNothingThatIsNoFolder) {
     const FolderDisk disk;
     disk.addFile("/Users/file", 4'096);
     disk.addPipe("/Users/pipe");
-    EXPECT_FALSE(openStraight(topOf(disk).get(), "/Users/file"));
-    EXPECT_FALSE(openStraight(topOf(disk).get(), "/Users/pipe"));
-    EXPECT_FALSE(openStraight(topOf(disk).get(), "/Users/none"));
+    EXPECT_FALSE(opened(disk, "/Users/file"));
+    EXPECT_FALSE(opened(disk, "/Users/pipe"));
+    EXPECT_FALSE(opened(disk, "/Users/none"));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "platform/folder/disk_attributes.h"
 #include "platform/folder/file_status.h"
+#include "platform/folder/straight_path.h"
 
 namespace morvane::folder {
 
@@ -87,10 +88,17 @@ Result<Place> DiskFileSystem::locateReadable(const std::filesystem::path& path,
 
 Result<DiskFileSystem::OpenFolder> DiskFileSystem::openFolder(const std::filesystem::path& path,
                                                               const HostMarks& marks) const {
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC;
+    if (const std::optional<StraightPath> straight = straightPath(path.native())) {
+        std::string whole = straight->whole();
+        if (Descriptor opened = openStraight(disk_.descriptor(), whole, flags)) {
+            if (marks.isUnreadable(whole)) return failureFromErrno(EPERM, path);
+            return OpenFolder{std::move(opened), std::move(whole)};
+        }
+    }
     const Result<Place> place = locateReadable(path, marks);
     if (!place.ok()) return place.failure();
-    Descriptor opened(::openat(place->folder.get(), place->name.c_str(),
-                               O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+    Descriptor opened(::openat(place->folder.get(), place->name.c_str(), flags));
     if (!opened) return failureFromErrno(errno, path);
     return OpenFolder{std::move(opened), place->canonicalPath()};
 }

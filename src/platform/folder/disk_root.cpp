@@ -110,7 +110,7 @@ std::optional<Result<Place>> DiskRoot::resolveStraight(const std::filesystem::pa
                                                        bool followLast) const {
     std::optional<StraightPath> straight = straightPath(path.native());
     if (!straight) return std::nullopt;
-    Descriptor folder = openStraight(root_.get(), straight->folder);
+    Descriptor folder = openStraight(root_.get(), straight->folder, O_PATH | O_DIRECTORY);
     if (!folder) return std::nullopt;
     if (followLast) {
         struct stat status{};

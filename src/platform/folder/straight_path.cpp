@@ -1,5 +1,6 @@
 #include "platform/folder/straight_path.h"
 
+#include <cstdint>
 #include <fcntl.h>
 #include <linux/openat2.h>
 #include <sys/syscall.h>
@@ -26,11 +27,11 @@ std::optional<StraightPath> straightPath(std::string_view path) {
     return found;
 }
 
-Descriptor openStraight(int top, const std::string& folder) {
+Descriptor openStraight(int top, const std::string& path, int flags) {
     open_how how{};
-    how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+    how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
     how.resolve = RESOLVE_NO_SYMLINKS;
-    const char* const below = folder == "/" ? "." : folder.c_str() + 1;
+    const char* const below = path == "/" ? "." : path.c_str() + 1;
     return Descriptor(static_cast<int>(::syscall(SYS_openat2, top, below, &how, sizeof how)));
 }
 

@@ -15,6 +15,9 @@ struct StraightPath {
     std::string folder;
     std::string name;
 
+    [[nodiscard]] std::string whole() const {
+        return folder == "/" ? folder + name : folder + "/" + name;
+    }
     bool operator==(const StraightPath&) const = default;
 };
 
@@ -22,9 +25,10 @@ struct StraightPath {
 // the end, a zero byte.
 [[nodiscard]] std::optional<StraightPath> straightPath(std::string_view path);
 
-// Opens `folder` (of a StraightPath) below `top` with one question to the system, where no link is
-// on the way: then what is open is what resolving component by component leads to. None where a
-// link is met, anything fails, or the system does not know the question.
-[[nodiscard]] Descriptor openStraight(int top, const std::string& folder);
+// Opens `path`, a folder of a StraightPath or the whole of one, below `top` with one question to
+// the system, where no link is on the way or at its end: then what is open is what resolving
+// component by component leads to. O_CLOEXEC is added to `flags`. None where a link is met,
+// anything fails, or the system does not know the question.
+[[nodiscard]] Descriptor openStraight(int top, const std::string& path, int flags);
 
 }  // namespace morvane::folder
