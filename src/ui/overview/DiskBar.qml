@@ -47,6 +47,7 @@ RoundedBox {
 
                 // The first slice lies in the bar's round corners.
                 DiskFill {
+                    objectName: slice.objectName + "Fill"
                     width: parent.width + (slice.index === 0 ? 8 : 0)
                     height: parent.height
                     segment: slice.segment

@@ -20,6 +20,7 @@ Item {
     MeasuringFill {
         id: measuring
 
+        objectName: root.objectName.replace("Fill", "Measuring")
         anchors.fill: parent
         visible: root.kind === "pending"
         radius: root.radius
@@ -28,6 +29,7 @@ Item {
     Hatching {
         id: hatching
 
+        objectName: root.objectName.replace("Fill", "Hatching")
         anchors.fill: parent
         visible: root.kind === "purgeable"
         color: root.tint

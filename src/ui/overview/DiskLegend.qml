@@ -33,6 +33,7 @@ FlowLayout {
             size: segment?.size ?? ""
 
             DiskFill {
+                objectName: entry.objectName + "Fill"
                 anchors.fill: parent
                 radius: 2
                 segment: entry.segment
@@ -46,7 +47,7 @@ FlowLayout {
         size: root.free.size
 
         RoundedBox {
-            objectName: "legendFreeSwatch"
+            objectName: "legendFreeMark"
             anchors.fill: parent
             radius: 2
             color: Theme.trackFill

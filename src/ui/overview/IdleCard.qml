@@ -14,6 +14,7 @@ Card {
 
     signal swept()
 
+    objectName: "idleCard"
     implicitHeight: Math.max(illustration.height, column.implicitHeight) + 64
 
     IdleIllustration {

@@ -35,37 +35,28 @@ Item {
     }
     function go(place: int) {
         if (place >= 0 && place < entries.count)
-            (entries.itemAt(place) as Cell).control.forceActiveFocus(Qt.TabFocusReason)
+            (entries.itemAt(place) as ResultsCell).control.forceActiveFocus(Qt.TabFocusReason)
     }
 
     implicitHeight: topOf(heights.length) - gap
     Accessible.role: Accessible.List
     Accessible.name: root.name
 
-    component Cell: Item {
-        required property int place
-        property Item control: null
-        readonly property int row: Math.floor(place / root.columns)
-        readonly property int column: place % root.columns
-
-        x: root.leftOf(column)
-        y: root.topOf(row)
-        width: root.leftOf(column + 1) - root.gap - x
-        height: root.heights[row] ?? implicitHeight
-        Accessible.role: Accessible.ListItem
-    }
-
     Repeater {
         id: entries
 
         model: root.cards.length
 
-        delegate: Cell {
+        delegate: ResultsCell {
             id: cell
 
             required property int index
 
-            place: index
+            row: Math.floor(index / root.columns)
+            x: root.leftOf(index % root.columns)
+            y: root.topOf(row)
+            width: root.leftOf(index % root.columns + 1) - root.gap - x
+            height: root.heights[row] ?? implicitHeight
             control: card
             implicitHeight: card.implicitHeight
             Accessible.name: card.name
@@ -84,10 +75,16 @@ Item {
         }
     }
 
-    Cell {
+    ResultsCell {
         id: alone
 
-        place: entries.count
+        readonly property int column: entries.count % root.columns
+
+        row: Math.floor(entries.count / root.columns)
+        x: root.leftOf(column)
+        y: root.topOf(row)
+        width: root.leftOf(column + 1) - root.gap - x
+        height: root.heights[row] ?? implicitHeight
         implicitHeight: note.implicitHeight
         Accessible.name: note.card.title
 

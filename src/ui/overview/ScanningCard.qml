@@ -15,6 +15,7 @@ Card {
 
     signal stopped()
 
+    objectName: "scanningCard"
     implicitHeight: Math.max(animation.height, column.implicitHeight) + 56
 
     SweepingAnimation {

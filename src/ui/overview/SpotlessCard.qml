@@ -14,6 +14,7 @@ Card {
 
     signal scannedAgain()
 
+    objectName: "spotlessCard"
     implicitHeight: column.implicitHeight + 64
 
     Column {

@@ -15,6 +15,7 @@ Card {
     signal trashOpened()
     signal finished()
 
+    objectName: "successCard"
     implicitHeight: column.implicitHeight + 64
 
     Item {
