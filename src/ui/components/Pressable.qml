@@ -32,7 +32,8 @@ Item {
                 || returnPresses && (key === Qt.Key_Return || key === Qt.Key_Enter)
     }
 
-    activeFocusOnTab: enabled && tabStop
+    // What the keyboard is on may not stop being a stop; it does once the keyboard has left.
+    activeFocusOnTab: enabled && tabStop || activeFocus
     onEnabledChanged: keyDown = false
     onActiveFocusChanged: keyDown = false
 

@@ -2,43 +2,29 @@ import QtQuick
 import Morvane.Theme
 import Morvane.Window
 
-// The screen on view. A screen that was seen stays as it was left while another is shown.
+// The screen on view. A screen stays as it was left while another is shown.
 Rectangle {
     id: root
 
-    required property WindowModel model
+    // The screens, as WindowModel has them.
+    required property var model
 
     color: Theme.surface
     clip: true
 
-    component Place: Loader {
-        required property string name
-        readonly property bool isOnView: root.model.onView === name
-        property bool wasOnView: false
-
+    OverviewView {
         anchors.fill: parent
-        active: wasOnView
-        visible: isOnView
-        onIsOnViewChanged: if (isOnView) wasOnView = true
-        Component.onCompleted: if (isOnView) wasOnView = true
+        visible: root.model.onView === "overview"
+        screen: root.model.overview
     }
-
-    Place {
-        name: "overview"
-        sourceComponent: Component {
-            OverviewView { screen: root.model.overview }
-        }
+    SweepReviewView {
+        anchors.fill: parent
+        visible: root.model.onView === "sweepReview"
+        screen: root.model.sweepReview
     }
-    Place {
-        name: "sweepReview"
-        sourceComponent: Component {
-            SweepReviewView { screen: root.model.sweepReview }
-        }
-    }
-    Place {
-        name: "settings"
-        sourceComponent: Component {
-            SettingsView { screen: root.model.settings }
-        }
+    SettingsView {
+        anchors.fill: parent
+        visible: root.model.onView === "settings"
+        screen: root.model.settings
     }
 }

@@ -7,7 +7,7 @@ import Morvane.Window
 Window {
     id: root
 
-    required property WindowModel model
+    required property var model
     // Whether the commands have a bar in the window, because the system has none for them.
     property bool showsMenuBar: true
 
@@ -52,6 +52,11 @@ Window {
             anchors { left: sidebar.right; right: parent.right; top: parent.top; bottom: parent.bottom }
             model: root.model
         }
+    }
+
+    FocusKeeper {
+        window: root
+        onLost: sidebar.takeKeyboard()
     }
 
     Announcement { text: root.model.announcement }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Morvane.Components
@@ -8,7 +10,7 @@ import Morvane.Window
 Item {
     id: root
 
-    required property ScreenObject shell
+    required property var shell
 
     implicitHeight: 28
     Accessible.role: Accessible.MenuBar

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Window
 
@@ -5,7 +7,7 @@ import Morvane.Window
 Item {
     id: root
 
-    required property ScreenObject shell
+    required property var shell
 
     Repeater {
         model: root.shell.menus.length

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Art
 import Morvane.Components
@@ -8,16 +10,28 @@ import Morvane.Window
 Rectangle {
     id: root
 
-    required property ScreenObject screen
+    required property var screen
 
     color: Theme.well
 
-    // Moves the keyboard `step` rows on from the row that has it.
-    function moveFrom(row: Item, step: int) {
+    function rowItems() {
         const rows = []
         for (let section = 0; section < sections.count; ++section)
             rows.push(...sections.itemAt(section).rowItems())
         rows.push(settings)
+        return rows
+    }
+
+    // Brings the keyboard to the row of the screen on view.
+    function takeKeyboard() {
+        const selected = rowItems().find(each => each.row.selected)
+        if (selected)
+            selected.forceActiveFocus(Qt.OtherFocusReason)
+    }
+
+    // Moves the keyboard `step` rows on from the row that has it.
+    function moveFrom(row: Item, step: int) {
+        const rows = rowItems()
         const place = rows.indexOf(row) + step
         if (place >= 0 && place < rows.length)
             rows[place].forceActiveFocus(Qt.TabFocusReason)

@@ -15,6 +15,8 @@ Pressable {
     name: row.label
     role: Accessible.ListItem
     tabStop: row.selected
+    // On the screen on view Return is left to its main button.
+    returnPresses: !row.selected
     ringCorner: 7
     Accessible.selectable: true
     Accessible.selected: row.selected
