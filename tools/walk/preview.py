@@ -80,8 +80,9 @@ class Preview:
         return self._application.actions(node)
 
     def picture(self, path):
-        """Saves what stands on the screen."""
-        self.desktop.run(["import", "-window", "root", "-strip", path])
+        """Saves what the window in front shows."""
+        window = self.desktop.run(["xdotool", "getactivewindow"]).stdout.strip()
+        self.desktop.run(["import", "-window", window, "-strip", "-colors", "256", path])
 
     def said(self):
         """What it has written to standard error."""

@@ -24,7 +24,8 @@ def walk(program, disk, appearance="light", by="both", pictures=None, scale=1, s
         pathlib.Path(pictures).mkdir(parents=True, exist_ok=True)
 
     with desktop(scale=scale) as on:
-        preview = Preview(on, program, disk, appearance)
+        # What is asked of the desktop is written down, and the disk answers in its place.
+        preview = Preview(on, program, disk, appearance, effects=on.folder / "effects")
 
         def shown(word):
             steps.append(word)
