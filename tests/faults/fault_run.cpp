@@ -15,6 +15,12 @@ namespace morvane::test {
 
 namespace {
 
+#ifdef MORVANE_SANITIZED
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
 constexpr std::array crews{Crew::main, Crew::writer, Crew::pool};
 constexpr int killed = 1000 + 9;
 
@@ -100,6 +106,9 @@ std::vector<FaultPoint> findPoints(const Scenario& scenario) {
         for (const auto& [call, count] : most) {
             // The main thread writes answers alone.
             if (apart.contains(call) || (crew == Crew::main && call == "write")) continue;
+            // The sanitizers' runtime finds out by writes of its own what memory it may read, and
+            // ends the program when one fails in another way than it knows.
+            if (isSanitized && call == "write") continue;
             addPoints(crew, call, count, points);
         }
     }
