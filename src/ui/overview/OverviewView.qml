@@ -1,4 +1,6 @@
 import QtQuick
+import Morvane.Window
+import Morvane.Window
 
 // The home screen: the disk at a glance, and one card for the phase of the scan.
 Item {
