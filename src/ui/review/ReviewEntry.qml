@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Theme
 
@@ -23,8 +25,12 @@ Item {
     signal tookKeyboard()
 
     function takeKeyboard() {
-        if (content.item)
-            content.item.takeKeyboard()
+        const header = headers.itemAt(0) as ReviewGroupHeader
+        if (header)
+            header.takeKeyboard()
+        const row = rows.itemAt(0) as ReviewRow
+        if (row)
+            row.takeKeyboard()
     }
 
     y: place.value
@@ -39,17 +45,15 @@ Item {
         dampingFraction: 0.85
     }
 
-    Loader {
-        id: content
+    // A loader would not see this row.
+    Repeater {
+        id: headers
 
-        anchors.fill: parent
-        sourceComponent: root.isHeader ? header : row
-    }
+        model: root.isHeader ? 1 : 0
 
-    Component {
-        id: header
-
-        ReviewGroupHeader {
+        delegate: ReviewGroupHeader {
+            width: root.width
+            height: root.height
             group: root.entry
             isCurrent: root.isCurrent
             onToggled: root.toggled()
@@ -57,10 +61,14 @@ Item {
             onTookKeyboard: root.tookKeyboard()
         }
     }
-    Component {
-        id: row
+    Repeater {
+        id: rows
 
-        ReviewRow {
+        model: root.isHeader ? 0 : 1
+
+        delegate: ReviewRow {
+            width: root.width
+            height: root.height
             item: root.entry
             isCurrent: root.isCurrent
             isFirst: root.isFirst

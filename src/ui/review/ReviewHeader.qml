@@ -7,7 +7,7 @@ import Morvane.Window
 Item {
     id: root
 
-    required property ReviewObject screen
+    required property var screen
 
     implicitHeight: 44
 

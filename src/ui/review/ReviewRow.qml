@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Art
 import Morvane.Components
@@ -69,25 +71,27 @@ FocusScope {
         dampingFraction: 0.85
     }
 
-    Loader {
-        id: panel
+    Repeater {
+        model: root.item.panel !== null ? 1 : 0
 
-        y: line.height - (1 - Math.min(1, opening.value)) * 12
-        width: parent.width
-        opacity: Math.max(0, Math.min(1, opening.value))
-        active: root.item.panel !== null
-        sourceComponent: Component {
-            ReviewPanel {
-                panel: root.item.panel
-                rowLabel: root.item.label
-                onRevealed: root.revealed()
-                // Not while the row is still being made from the list that this changes.
-                onImplicitHeightChanged: Qt.callLater(tell)
-                Component.onCompleted: Qt.callLater(tell)
+        delegate: ReviewPanel {
+            id: panel
 
-                function tell() {
-                    root.panelLaidOut(implicitHeight)
-                }
+            y: line.height - (1 - Math.min(1, opening.value)) * 12
+            width: root.width
+            opacity: Math.max(0, Math.min(1, opening.value))
+            panel: root.item.panel
+            rowLabel: root.item.label
+            onRevealed: root.revealed()
+            // Not while the row is still being made from the list that this changes.
+            onImplicitHeightChanged: telling.restart()
+
+            Timer {
+                id: telling
+
+                interval: 0
+                running: true
+                onTriggered: root.panelLaidOut(panel.implicitHeight)
             }
         }
     }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Morvane.Components
 import Morvane.Theme
@@ -7,7 +9,7 @@ import Morvane.Window
 Flickable {
     id: root
 
-    required property ReviewObject screen
+    required property var screen
     readonly property ReviewList list: screen.list
     // The entry that the keyboard goes to.
     property string current
