@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_set>
 
 #include "ui/window/variant_writer.h"
 
@@ -19,34 +18,50 @@ ReviewList::ReviewList(QObject* parent) : QAbstractListModel(parent) {}
 
 void ReviewList::setGroups(std::vector<screens::ReviewGroup> groups) {
     if (groups == groups_) return;
-    groups_ = std::move(groups);
-    place();
+    ReviewLayout layout = layoutOf(groups);
+    keepInPlace(layout, [&] { groups_ = std::move(groups); });
 }
 
 void ReviewList::setPanelHeight(const QString& key, double height) {
     double& known = panelHeights_[key.toStdString()];
     if (std::abs(known - height) < 0.01) return;
     known = height;
-    place();
+    ReviewLayout layout = layoutOf(groups_);
+    keepInPlace(layout, [] {});
 }
 
-void ReviewList::place() {
-    // What the user looks at first stays where it is; if it has gone, what came after it.
-    const std::vector<ReviewLayout::Entry> former = layout_.entries();
-    const int firstOnView = top_ > 0 ? layout_.firstBelow(top_) : static_cast<int>(former.size());
-    layout_.build(groups_, [this](const std::string& key) {
+ReviewLayout ReviewList::layoutOf(const std::vector<screens::ReviewGroup>& groups) const {
+    ReviewLayout layout;
+    layout.build(groups, [this](const std::string& key) {
         const auto known = panelHeights_.find(key);
         return known == panelHeights_.end() ? usualPanelHeight : known->second;
     });
-    double distance = 0;
-    for (std::size_t each = static_cast<std::size_t>(firstOnView); each < former.size(); ++each) {
-        const int now = layout_.placeOf(former[each].key);
-        if (now < 0) continue;
-        distance = layout_.entries()[static_cast<std::size_t>(now)].top - former[each].top;
-        break;
+    return layout;
+}
+
+// How much further down in `next` that stands which the user looks at first; if it has gone, what
+// came after it.
+double ReviewList::distanceIn(const ReviewLayout& next) const {
+    if (top_ <= 0) return 0;
+    const std::vector<ReviewLayout::Entry>& entries = layout_.entries();
+    for (auto each = static_cast<std::size_t>(layout_.firstBelow(top_)); each < entries.size();
+         ++each) {
+        const int now = next.placeOf(entries[each].key);
+        if (now >= 0) return next.entries()[static_cast<std::size_t>(now)].top - entries[each].top;
     }
+    return 0;
+}
+
+void ReviewList::keepInPlace(ReviewLayout& next, const std::function<void()>& replaceGroups) {
+    const double distance = distanceIn(next);
     top_ += distance;
-    showRange();
+    // What goes is told while the list still is what it was, so that whoever listens may read it.
+    const Range range = rangeOf(next);
+    takeOut(next, range);
+    replaceGroups();
+    layout_ = std::move(next);
+    for (Shown& shown : shown_) shown.place = layout_.placeOf(shown.key);
+    putIn(range);
     if (!shown_.empty()) emit dataChanged(index(0), index(static_cast<int>(shown_.size()) - 1));
     emit placed();
     if (distance != 0) emit shifted(distance);
@@ -56,28 +71,29 @@ void ReviewList::setViewport(double top, double height) {
     if (top == top_ && height == viewHeight_) return;
     top_ = top;
     viewHeight_ = height;
-    showRange();
+    const Range range = rangeOf(layout_);
+    takeOut(layout_, range);
+    putIn(range);
 }
 
-void ReviewList::showRange() {
-    const std::vector<ReviewLayout::Entry>& entries = layout_.entries();
-    const int begin = layout_.firstBelow(top_ - viewHeight_);
-    int end = begin;
-    while (end < std::ssize(entries) &&
-           entries[static_cast<std::size_t>(end)].top < top_ + 2 * viewHeight_) {
-        ++end;
+ReviewList::Range ReviewList::rangeOf(const ReviewLayout& layout) const {
+    const std::vector<ReviewLayout::Entry>& entries = layout.entries();
+    Range range{.begin = layout.firstBelow(top_ - viewHeight_), .end = 0};
+    range.end = range.begin;
+    while (range.end < std::ssize(entries) &&
+           entries[static_cast<std::size_t>(range.end)].top < top_ + 2 * viewHeight_) {
+        ++range.end;
     }
-    std::unordered_set<std::string> wanted;
-    for (int place = begin; place < end; ++place) {
-        wanted.insert(entries[static_cast<std::size_t>(place)].key);
-    }
-    // Out goes what is wanted no more, or stands in another order than before.
+    return range;
+}
+
+// Takes out the rows that lie outside of `range` of `next`, or stand in another order there.
+void ReviewList::takeOut(const ReviewLayout& next, Range range) {
     int last = -1;
     for (int row = 0; row < std::ssize(shown_);) {
-        const Shown& shown = shown_[static_cast<std::size_t>(row)];
-        const int now = wanted.contains(shown.key) ? layout_.placeOf(shown.key) : -1;
-        if (now > last) {
-            last = now;
+        const int place = next.placeOf(shown_[static_cast<std::size_t>(row)].key);
+        if (place >= range.begin && place < range.end && place > last) {
+            last = place;
             ++row;
             continue;
         }
@@ -85,17 +101,17 @@ void ReviewList::showRange() {
         shown_.erase(shown_.begin() + row);
         endRemoveRows();
     }
-    for (int place = begin; place < end; ++place) {
-        const int row = place - begin;
-        const std::string& key = entries[static_cast<std::size_t>(place)].key;
-        const bool isThere =
-            row < std::ssize(shown_) && shown_[static_cast<std::size_t>(row)].key == key;
-        if (isThere) {
-            shown_[static_cast<std::size_t>(row)].place = place;
+}
+
+void ReviewList::putIn(Range range) {
+    for (int place = range.begin; place < range.end; ++place) {
+        const int row = place - range.begin;
+        if (row < std::ssize(shown_) && shown_[static_cast<std::size_t>(row)].place == place) {
             continue;
         }
         beginInsertRows({}, row, row);
-        shown_.insert(shown_.begin() + row, Shown{key, place});
+        shown_.insert(shown_.begin() + row,
+                      Shown{layout_.entries()[static_cast<std::size_t>(place)].key, place});
         endInsertRows();
     }
 }

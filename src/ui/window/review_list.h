@@ -4,6 +4,7 @@
 #include <QQmlEngine>
 #include <QString>
 #include <QVariant>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
@@ -69,8 +70,19 @@ private:
         int place = 0;  // in the layout
     };
 
-    void place();
-    void showRange();
+    // Of places in a layout; `end` is not one of them.
+    struct Range {
+        int begin = 0;
+        int end = 0;
+    };
+
+    [[nodiscard]] ReviewLayout layoutOf(const std::vector<screens::ReviewGroup>& groups) const;
+    [[nodiscard]] double distanceIn(const ReviewLayout& next) const;
+    [[nodiscard]] Range rangeOf(const ReviewLayout& layout) const;
+    // Goes over to `next`, which `replaceGroups` makes the groups fit.
+    void keepInPlace(ReviewLayout& next, const std::function<void()>& replaceGroups);
+    void takeOut(const ReviewLayout& next, Range range);
+    void putIn(Range range);
     [[nodiscard]] QVariantMap entryAt(int place) const;
 
     std::vector<screens::ReviewGroup> groups_;
