@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What the window tells a screen reader is what the program answers without a window."""
 
-import shutil
+import datetime
 import unittest
 
 from answers import Driver, buttons, checks, choices, holds_whole, is_made_of, switches, texts
@@ -17,10 +17,9 @@ class WhatAScreenReaderIsTold(WindowCase):
 
     def setUp(self):
         super().setUp()
-        disk = self.disk()
-        other = self.folder / "other"
-        shutil.copytree(disk, other, symlinks=True)
-        self.driver = Driver(DRIVER, other)
+        now = datetime.datetime.now(datetime.timezone.utc).strftime("%Y-%m-%dT%H:%M:%SZ")
+        disk = self.disk(now=now)
+        self.driver = Driver(DRIVER, self.disk("other", now=now))
         self.addCleanup(self.driver.close)
         self.driver.ask(appear="shell")
         on = self.start_desktop()

@@ -28,9 +28,10 @@ class WindowCase(unittest.TestCase):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="window"))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
 
-    def disk(self, **fields):
-        """A sample disk that waits to be scanned by the user, with those fields as stored."""
-        disk = sample.make(SAMPLE_DISK, self.folder / "disk", size="1G")
+    def disk(self, name="disk", now=None, **fields):
+        """A sample disk that waits to be scanned by the user, with those fields as stored. Two of
+        one moment `now` are alike."""
+        disk = sample.make(SAMPLE_DISK, self.folder / name, size="200M", now=now)
         driver = Driver(DRIVER, disk)
         driver.ask(call="finishOnboarding", args={})
         driver.ask(wait=True)

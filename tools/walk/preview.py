@@ -82,7 +82,7 @@ class Preview:
     def picture(self, path):
         """Saves what the window in front shows."""
         window = self.desktop.run(["xdotool", "getactivewindow"]).stdout.strip()
-        self.desktop.run(["import", "-window", window, "-strip", "-colors", "256", path])
+        self.desktop.run(["import", "-window", window, "-strip", "-quality", "95", path])
 
     def said(self):
         """What it has written to standard error."""

@@ -6,12 +6,13 @@ import stat
 import subprocess
 
 
-def make(tool, disk, size=None):
-    """Makes a sample disk where there is none yet."""
+def make(tool, disk, size=None, now=None):
+    """Makes a sample disk as of a moment, or of this one, where there is none yet."""
     disk = pathlib.Path(disk)
     if (disk / "host.json").exists():
         return disk
-    command = [str(tool), str(disk)] + (["--size", size] if size else [])
+    command = [str(tool), str(disk)]
+    command += (["--size", size] if size else []) + (["--now", now] if now else [])
     subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
     return disk
 
