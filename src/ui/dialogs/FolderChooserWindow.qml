@@ -22,6 +22,7 @@ DialogWindow {
     Words {
         id: message
 
+        objectName: "chooserMessage"
         x: 20
         y: 18
         width: root.width - 40
@@ -46,6 +47,7 @@ DialogWindow {
         CapsuleButton {
             id: up
 
+            objectName: "chooserUp"
             anchors.right: parent.right
             button: root.chooser.up
             fontSize: 12
@@ -59,6 +61,7 @@ DialogWindow {
         FolderList {
             id: list
 
+            objectName: "chooserList"
             anchors.fill: parent
             chooser: root.chooser
         }
@@ -87,6 +90,7 @@ DialogWindow {
         CapsuleButton {
             id: cancel
 
+            objectName: "chooserCancel"
             anchors { right: prompt.left; rightMargin: 10 }
             button: root.chooser.cancel
             large: true
@@ -95,6 +99,7 @@ DialogWindow {
         CapsuleButton {
             id: prompt
 
+            objectName: "chooserPrompt"
             anchors.right: parent.right
             button: root.chooser.prompt
             large: true

@@ -14,6 +14,7 @@ Item {
     signal pressed(int modifiers)
     signal entered()
 
+    objectName: "folder" + index
     implicitHeight: 28
     Accessible.role: Accessible.ListItem
     Accessible.name: root.label

@@ -13,10 +13,8 @@ DialogWindow {
     shown: note.isOpen
     width: 440
     height: column.height + 40
-    minimumWidth: width
-    maximumWidth: width
-    minimumHeight: height
-    maximumHeight: height
+    minimumWidth: 440
+    minimumHeight: 120
     onDismissed: note.dismiss()
 
     Column {
@@ -61,7 +59,6 @@ DialogWindow {
         target: root.note
 
         function onShown() {
-            root.raise()
             root.requestActivate()
         }
     }

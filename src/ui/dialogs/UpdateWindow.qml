@@ -16,7 +16,7 @@ DialogWindow {
     width: 480
     height: Math.max(words.y + words.height, 76) + (hasNotes ? 216 : 0) + foot.height + 40
     minimumWidth: 420
-    minimumHeight: height
+    minimumHeight: 140
     onDismissed: notice.dismiss()
 
     AppLogo {
@@ -106,7 +106,6 @@ DialogWindow {
         target: root.notice
 
         function onShown() {
-            root.raise()
             root.requestActivate()
         }
     }

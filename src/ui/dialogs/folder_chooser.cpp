@@ -46,7 +46,7 @@ void FolderChooser::choose(const Workspace::FolderPanel& panel, Chosen chosen) {
 }
 
 QString FolderChooser::location() const {
-    return QString::fromStdString(abbreviatedWithTilde(folder_, platform_.home));
+    return QString::fromStdString(pathText(folder_));
 }
 
 QString FolderChooser::note() const {
@@ -64,7 +64,7 @@ QString FolderChooser::chosen() const {
         const auto row = static_cast<std::size_t>(*rows.begin());
         return QString::fromStdString(rows_.folders()[row].label);
     }
-    return location();
+    return folder_ == "/" ? location() : QString::fromStdString(pathText(folder_.filename()));
 }
 
 QVariantMap FolderChooser::up() const {

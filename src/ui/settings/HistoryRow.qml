@@ -16,6 +16,7 @@ SettingsRow {
     implicitHeight: Math.max(40, what.height + 20)
 
     Words {
+        objectName: root.objectName + "Date"
         anchors { left: parent.left; leftMargin: 16; top: what.top }
         width: 150
         text: root.sweep.date
@@ -31,11 +32,13 @@ SettingsRow {
 
         Words {
             width: parent.width
+            objectName: root.objectName + "Summary"
             text: root.sweep.summary
             accessible: false
         }
         Words {
             width: parent.width
+            objectName: root.objectName + "Problem"
             visible: root.sweep.problem !== null
             text: root.sweep.problem ?? ""
             size: 12
@@ -47,6 +50,7 @@ SettingsRow {
     Words {
         id: state
 
+        objectName: root.objectName + "Words"
         anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
         visible: root.sweep.words !== null
         text: root.sweep.words ?? ""
@@ -57,6 +61,7 @@ SettingsRow {
     CapsuleButton {
         id: restore
 
+        objectName: root.objectName + "Restore"
         anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
         visible: root.sweep.restore !== null
         button: root.sweep.restore

@@ -11,10 +11,12 @@ SettingsSection {
     required property var screen
     readonly property var told: screen.history
 
+    objectName: "history"
     title: told.title
     footer: told.footer
 
     SettingsLine {
+        objectName: "historyMessage"
         width: parent.width
         isFirst: true
         visible: root.told.message !== null
@@ -25,6 +27,7 @@ SettingsSection {
     Column {
         id: list
 
+        objectName: "sweeps"
         width: parent.width
         visible: rows.total > 0
         Accessible.role: Accessible.List
@@ -52,6 +55,7 @@ SettingsSection {
                 required property var entry
                 required property int place
 
+                objectName: "sweep" + place
                 width: list.width
                 sweep: entry
                 isFirst: place === 0

@@ -20,12 +20,14 @@ SettingsSection {
         return y
     }
 
+    objectName: "ignoreList"
     title: told.title
     footer: told.footer
 
     Item {
         id: list
 
+        objectName: "ignoredFolders"
         width: parent.width
         height: rows.total * root.rowHeight
         visible: rows.total > 0
@@ -38,7 +40,7 @@ SettingsSection {
             entries: root.told.rows
             first: Math.max(0, Math.floor((root.scroll.contentY - root.rowsTop) / root.rowHeight) - 4)
             most: Math.ceil(root.scroll.height / root.rowHeight) + 9
-            kept: keyboard.stop
+            kept: [keyboard.stop, keyboard.next]
         }
         ListKeyboard {
             id: keyboard
@@ -66,6 +68,7 @@ SettingsSection {
                 required property var entry
                 required property int place
 
+                objectName: "ignored" + place
                 y: place * root.rowHeight
                 width: list.width
                 height: root.rowHeight
@@ -88,6 +91,7 @@ SettingsSection {
         CapsuleButton {
             id: add
 
+            objectName: "addFolder"
             button: root.told.add
             onPressed: root.screen.press("ignoreList.add")
         }

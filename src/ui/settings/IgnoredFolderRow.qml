@@ -20,6 +20,7 @@ SettingsRow {
     Symbol {
         id: symbol
 
+        objectName: root.objectName + "Symbol"
         anchors { left: parent.left; leftMargin: 16; verticalCenter: parent.verticalCenter }
         name: root.folder.symbol
         size: 12
@@ -28,6 +29,7 @@ SettingsRow {
     Words {
         id: path
 
+        objectName: root.objectName + "Path"
         anchors { left: parent.left; leftMargin: 38; verticalCenter: parent.verticalCenter }
         width: Math.min(implicitWidth, (show.visible ? show.x : remove.x) - x - 16)
         text: root.folder.label
@@ -46,6 +48,7 @@ SettingsRow {
     TextButton {
         id: show
 
+        objectName: root.objectName + "Show"
         anchors { right: remove.left; rightMargin: 18; baseline: remove.baseline }
         visible: root.folder.show !== null
         button: root.folder.show
@@ -57,6 +60,7 @@ SettingsRow {
     TextButton {
         id: remove
 
+        objectName: root.objectName + "Remove"
         anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
         button: root.folder.remove
         name: (button?.label ?? "") + ", " + root.folder.label

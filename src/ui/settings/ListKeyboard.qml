@@ -13,6 +13,8 @@ Item {
     property int part: 0
     property int place: 0
     property bool wasOnList: false
+    // The row that the keyboard is about to come to.
+    property string next
     // The row that Tab comes to: the one it would leave, else the first.
     readonly property string stop: rows.total > 0 && rows.placeOf(current) >= 0 ? current
                                                                              : rows.keyAt(0)
@@ -30,11 +32,11 @@ Item {
 
     function go(to: int) {
         const key = root.rows.keyAt(Math.max(0, Math.min(root.rows.total - 1, to)))
-        const part = root.part
         if (key === "")
             return
-        root.current = key
-        root.wanted(key, part)
+        root.next = key
+        root.wanted(key, root.part)
+        root.next = ""
     }
 
     function isOnList(): bool {

@@ -28,6 +28,7 @@ Item {
         spacing: 4
 
         Words {
+            objectName: root.objectName + "Label"
             width: parent.width
             text: root.label
             color: root.ink

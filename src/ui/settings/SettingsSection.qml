@@ -13,6 +13,7 @@ Column {
     spacing: 8
 
     Words {
+        objectName: root.objectName + "Title"
         x: 16
         width: Math.min(implicitWidth, root.width - 32)
         text: root.title
@@ -20,6 +21,7 @@ Column {
         Accessible.role: Accessible.Heading
     }
     Card {
+        objectName: root.objectName + "Card"
         width: root.width
         height: body.height
 
@@ -30,6 +32,7 @@ Column {
         }
     }
     Words {
+        objectName: root.objectName + "Footer"
         x: 16
         width: root.width - 32
         visible: text !== ""

@@ -14,6 +14,7 @@ SettingsLine {
     ink: toggle.enabled ? Theme.ink : Theme.inkFaint
 
     Toggle {
+        objectName: root.objectName + "Switch"
         label: root.toggle.label
         on: root.toggle.on
         enabled: root.toggle.enabled

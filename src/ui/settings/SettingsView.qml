@@ -49,6 +49,7 @@ Item {
     Flickable {
         id: scroll
 
+        objectName: "settingsScroll"
         anchors { left: parent.left; right: parent.right; top: bar.bottom; bottom: parent.bottom }
         contentHeight: form.height + 36
         boundsBehavior: Flickable.StopAtBounds
@@ -57,6 +58,7 @@ Item {
         Column {
             id: form
 
+            objectName: "settingsForm"
             x: (parent.width - width) / 2
             y: 8
             width: Math.min(828, parent.width - 56)

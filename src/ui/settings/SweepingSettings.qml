@@ -10,14 +10,17 @@ SettingsSection {
     required property var screen
     readonly property var told: screen.sweeping
 
+    objectName: "sweeping"
     title: told.title
 
     SettingsLine {
+        objectName: "schedule"
         width: parent.width
         isFirst: true
         label: root.told.schedule.label
 
         SegmentedControl {
+            objectName: "schedulePicker"
             label: root.told.schedule.label
             options: root.told.schedule.options
             selected: root.told.schedule.selected ?? -1
@@ -25,6 +28,7 @@ SettingsSection {
         }
     }
     SettingsSwitch {
+        objectName: "remind"
         width: parent.width
         toggle: root.told.remind
         onToggled: on => root.screen.press("sweeping.remind", undefined, on)
@@ -36,6 +40,7 @@ SettingsSection {
             Words {
                 id: note
 
+                objectName: "notificationsOff"
                 width: Math.min(implicitWidth, parent.width - way.width - 6)
                 text: root.told.notificationsOff?.text ?? ""
                 size: 12
@@ -44,6 +49,7 @@ SettingsSection {
             TextButton {
                 id: way
 
+                objectName: "notificationsOffButton"
                 anchors { left: note.right; leftMargin: 6; baseline: note.baseline }
                 button: root.told.notificationsOff?.button ?? null
                 onPressed: root.screen.press("sweeping.notificationsOff.button")
@@ -52,14 +58,17 @@ SettingsSection {
     }
     SettingsSwitch {
         width: parent.width
+        objectName: "showInMenuBar"
         toggle: root.told.menuBar
         onToggled: on => root.screen.press("sweeping.menuBar", undefined, on)
     }
     SettingsSwitch {
         width: parent.width
+        objectName: "trash"
         toggle: root.told.trash
         onToggled: on => root.screen.press("sweeping.trash", undefined, on)
         more: Words {
+            objectName: "trashCaption"
             width: parent?.width ?? 0
             text: root.told.trashCaption
             size: 12

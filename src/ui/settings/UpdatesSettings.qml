@@ -10,26 +10,31 @@ SettingsSection {
     required property var screen
     readonly property var told: screen.updates
 
+    objectName: "updates"
     title: told.title
 
     SettingsSwitch {
         width: parent.width
+        objectName: "updatesCheck"
         isFirst: true
         toggle: root.told.check
         onToggled: on => root.screen.press("updates.check", undefined, on)
     }
     SettingsSwitch {
         width: parent.width
+        objectName: "updatesDownload"
         toggle: root.told.download
         onToggled: on => root.screen.press("updates.download", undefined, on)
     }
     SettingsLine {
         width: parent.width
+        objectName: "version"
         label: root.told.version
         ink: Theme.inkSoft
         spoken: true
 
         CapsuleButton {
+            objectName: "checkForUpdates"
             button: root.told.button
             onPressed: root.screen.press("updates.button")
         }

@@ -3,6 +3,7 @@
 #include <QSet>
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 namespace morvane {
 
@@ -34,8 +35,8 @@ void KeyedList::setMost(int most) {
     emit windowChanged();
 }
 
-void KeyedList::setKept(const QString& key) {
-    if (std::exchange(kept_, key) == key) return;
+void KeyedList::setKept(const QStringList& keys) {
+    if (std::exchange(kept_, keys) == keys) return;
     showWindow();
     emit windowChanged();
 }
@@ -76,12 +77,12 @@ QHash<int, QByteArray> KeyedList::roleNames() const {
 std::vector<KeyedList::Row> KeyedList::wanted() const {
     const int begin = std::clamp(first_, 0, total());
     const int end = most_ < 0 ? total() : begin + std::min(most_, total() - begin);
-    const int kept = kept_.isEmpty() ? -1 : placeOf(kept_);
+    std::set<int> places;
+    for (const QString& key : kept_) places.insert(placeOf(key));
+    places.erase(-1);
+    for (int place = begin; place < end; ++place) places.insert(place);
     std::vector<Row> rows;
-    const auto add = [&](int place) { rows.push_back({keyAt(place), entries_.at(place), place}); };
-    if (kept >= 0 && kept < begin) add(kept);
-    for (int place = begin; place < end; ++place) add(place);
-    if (kept >= end) add(kept);
+    for (const int place : places) rows.push_back({keyAt(place), entries_.at(place), place});
     return rows;
 }
 

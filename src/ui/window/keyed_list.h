@@ -3,6 +3,7 @@
 #include <QAbstractListModel>
 #include <QQmlEngine>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 #include <utility>
 #include <vector>
@@ -22,8 +23,8 @@ class KeyedList : public QAbstractListModel {
     // The entries that have rows: `most` of them from `first` on, all where `most` is negative.
     Q_PROPERTY(int first READ first WRITE setFirst NOTIFY windowChanged FINAL)
     Q_PROPERTY(int most READ most WRITE setMost NOTIFY windowChanged FINAL)
-    // The entry that has a row wherever it stands, because the keyboard is on it.
-    Q_PROPERTY(QString kept READ kept WRITE setKept NOTIFY windowChanged FINAL)
+    // The entries that have rows wherever they stand, because the keyboard is on them or comes.
+    Q_PROPERTY(QStringList kept READ kept WRITE setKept NOTIFY windowChanged FINAL)
 
 public:
     enum Role { keyRole = Qt::UserRole, entryRole, placeRole };
@@ -37,8 +38,8 @@ public:
     void setFirst(int first);
     [[nodiscard]] int most() const { return most_; }
     void setMost(int most);
-    [[nodiscard]] QString kept() const { return kept_; }
-    void setKept(const QString& key);
+    [[nodiscard]] QStringList kept() const { return kept_; }
+    void setKept(const QStringList& keys);
 
     // The place of an entry among all, or -1; the `id` at a place, empty where there is none.
     Q_INVOKABLE [[nodiscard]] int placeOf(const QString& key) const;
@@ -70,7 +71,7 @@ private:
     QVariantList entries_;
     int first_ = 0;
     int most_ = -1;
-    QString kept_;
+    QStringList kept_;
     std::vector<Row> rows_;
 };
 
