@@ -12,6 +12,7 @@ class Overview : public WindowTest {
 protected:
     void SetUp() override {
         WindowTest::SetUp();
+        if (HasFatalFailure()) return;
         measureAll();
     }
     // Nothing is left to measure.
