@@ -100,6 +100,8 @@ DialogWindow {
 
     ButtonShortcut {
         button: root.notice.action ?? root.notice.close
+        // Escape is every small window's own.
+        active: button.key !== "Escape"
         onActivated: root.notice.action !== null ? root.notice.act() : root.notice.dismiss()
     }
     Connections {
