@@ -25,6 +25,12 @@ class PointerUser:
         self.preview.desktop.run(["xdotool", "mousemove", x + width // 2, y + height // 2,
                                   "click", "1"])
 
+    def scroll(self, node):
+        """Turns the wheel over a node by one step."""
+        x, y, width, height = node.box
+        self.preview.desktop.run(["xdotool", "mousemove", x + width // 2, y + height // 2,
+                                  "click", "5"])
+
     def at_rest(self, node):
         """The node once it stands where it stood at the look before, and is on view."""
         seen = [None]
@@ -64,7 +70,17 @@ class KeyboardUser:
         self.preview.desktop.run(["xdotool", "key", key])
 
     def go_to(self, target):
-        """Brings the keyboard to a node, by Tab and arrows alone."""
+        """Brings the keyboard to a node, by Tab and arrows alone. What stands in a row is reached
+        from the row itself, by the arrow to the right."""
+        row = next((each for each in target.above() if each.role == "list item"), None)
+        if row is not None and target.role == "push button":
+            self.go_to(row)
+            for _ in range(MANY):
+                if self.focus(self.preview.tree()) == target.path:
+                    return
+                self.key("Right")
+                self.preview.until(lambda tree: self.focus(tree) != row.path,
+                                   "the keyboard in the row after Right")
         stops = []
         for _ in range(MANY):
             tree = self.preview.tree()
