@@ -7,6 +7,7 @@ import unittest
 from answers import Driver, buttons, checks, choices, holds_whole, is_made_of, switches, texts
 from window_case import DRIVER, WindowCase
 
+from preview import DesktopError
 from users import NamesUser, PointerUser
 
 STATES = {"on": {"checked"}, "off": set(), "mixed": {"indeterminate"}}
@@ -135,8 +136,8 @@ class WhatAScreenReaderIsTold(WindowCase):
 
         try:
             self.preview.until(is_right, "the tree of " + screen)
-        except Exception:
-            self.fail("%s:\n%s" % (screen, "\n".join(last[0])))
+        except DesktopError:
+            self.fail("%s:\n%s\n%s" % (screen, "\n".join(last[0]), self.preview.said()))
 
     def test_TellsAScreenReaderTheOverviewBeforeAScan(self):
         self.go_to("settings", "settings")
