@@ -37,6 +37,7 @@ Pressable {
     onActivated: pressed()
 
     RoundedBox {
+        objectName: root.objectName + "Ground"
         anchors.fill: parent
         radius: height / 2
         color: !root.enabled ? Theme.segmentTrack : root.prominent ? Theme.accent
@@ -47,6 +48,7 @@ Pressable {
     }
 
     Rectangle {
+        objectName: root.objectName + "Shade"
         anchors.fill: parent
         radius: height / 2
         visible: root.hovered || root.down
@@ -68,6 +70,7 @@ Pressable {
         }
 
         Icon {
+            objectName: root.objectName + "Icon"
             anchors.verticalCenter: parent.verticalCenter
             visible: name !== ""
             name: root.button?.symbol ?? ""
@@ -76,6 +79,7 @@ Pressable {
         }
 
         Words {
+            objectName: root.objectName + "Words"
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, root.width - 16)
             text: root.button?.label ?? ""
@@ -88,6 +92,8 @@ Pressable {
 
     Spinner {
         id: spinner
+
+        objectName: root.objectName + "Spinner"
         anchors.centerIn: parent
         visible: root.busy && !root.busyBeside
         tint: root.ink

@@ -24,6 +24,7 @@ Pressable {
     Accessible.onToggleAction: root.activate()
 
     RoundedBox {
+        objectName: root.objectName + "Box"
         width: 16
         height: 16
         radius: 5
@@ -34,6 +35,7 @@ Pressable {
 
         // A pointer darkens the box, a press more so.
         Rectangle {
+            objectName: root.objectName + "Shade"
             anchors.fill: parent
             radius: 5
             visible: root.hovered || root.down
@@ -41,6 +43,7 @@ Pressable {
         }
 
         Symbol {
+            objectName: root.objectName + "Mark"
             anchors.centerIn: parent
             visible: root.state === "on"
             name: "checkmark"
@@ -50,6 +53,7 @@ Pressable {
         }
 
         Rectangle {
+            objectName: root.objectName + "Bar"
             anchors.centerIn: parent
             visible: root.state === "mixed"
             width: 8

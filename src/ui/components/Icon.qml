@@ -17,6 +17,7 @@ Item {
     implicitHeight: size
 
     Symbol {
+        objectName: root.objectName + "Symbol"
         anchors.centerIn: parent
         visible: !root.brand && root.name !== ""
         name: root.brand ? "" : root.name
@@ -28,6 +29,7 @@ Item {
         model: root.brand ? 1 : 0
 
         SweepGlyph {
+            objectName: root.objectName + "Glyph"
             anchors.centerIn: root
             size: root.size
             lineWidth: 1.8

@@ -16,6 +16,7 @@ RoundedBox {
     color: background
 
     Icon {
+        objectName: root.objectName + "Icon"
         anchors.centerIn: parent
         name: root.icon
         size: 17

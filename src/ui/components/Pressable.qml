@@ -76,6 +76,7 @@ Item {
     }
 
     FocusRing {
+        objectName: root.objectName + "Ring"
         shown: root.activeFocus
         corner: root.ringCorner
         distance: root.ringDistance

@@ -21,12 +21,14 @@ Item {
     Accessible.ignored: root.name === ""
 
     Rectangle {
+        objectName: root.objectName + "Ground"
         anchors.fill: parent
         radius: height / 2
         color: Theme.trackFill
     }
 
     Rectangle {
+        objectName: root.objectName + "Fill"
         width: root.width * root.part
         height: root.height
         radius: height / 2

@@ -18,6 +18,8 @@ RoundedBox {
 
     Words {
         id: words
+
+        objectName: root.objectName + "Words"
         x: 8
         y: 2
         width: root.width - 16

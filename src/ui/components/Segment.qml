@@ -27,6 +27,7 @@ Pressable {
     Keys.onDownPressed: root.went(1)
 
     Rectangle {
+        objectName: root.objectName + "Shade"
         anchors.fill: parent
         radius: 5
         visible: (root.hovered || root.down) && !root.selected
@@ -44,6 +45,7 @@ Pressable {
     }
 
     Words {
+        objectName: root.objectName + "Words"
         anchors.centerIn: parent
         text: root.name
         size: 11.5

@@ -45,12 +45,16 @@ RoundedBox {
 
     Spring {
         id: place
+
+        objectName: root.objectName + "Place"
         response: 0.15
         dampingFraction: 0.85
     }
 
     Spring {
         id: extent
+
+        objectName: root.objectName + "Extent"
         response: 0.15
         dampingFraction: 0.85
     }

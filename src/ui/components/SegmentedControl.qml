@@ -33,12 +33,14 @@ Item {
     Accessible.name: root.label ?? ""
 
     RoundedBox {
+        objectName: root.objectName + "Track"
         anchors.fill: parent
         radius: 7
         color: Theme.segmentTrack
     }
 
     SegmentThumb {
+        objectName: root.objectName + "Thumb"
         // The count is asked first: it tells when the segments are there.
         segment: root.selected >= 0 && root.selected < segments.count
                  ? segments.itemAt(root.selected) : null
@@ -60,6 +62,7 @@ Item {
                 required property int index
                 required property var modelData
 
+                objectName: root.objectName + index
                 name: modelData
                 selected: index === root.selected
                 tabStop: index === root.stop

@@ -16,6 +16,7 @@ Item {
     implicitHeight: 62
 
     Rectangle {
+        objectName: root.objectName + "Ground"
         anchors.fill: parent
         color: Theme.surface
     }
@@ -29,12 +30,16 @@ Item {
         spacing: 14
 
         Column {
+            objectName: root.objectName + "Amount"
+
             Figures {
+                objectName: root.objectName + "Size"
                 text: root.size
                 size: 17
                 weight: Font.Bold
             }
             Words {
+                objectName: root.objectName + "Count"
                 text: root.count
                 size: 11.5
                 color: Theme.inkSoft
@@ -42,6 +47,7 @@ Item {
         }
 
         Rectangle {
+            objectName: root.objectName + "Divider"
             visible: root.showsDivider
             implicitWidth: 0.5
             implicitHeight: 28
@@ -49,6 +55,7 @@ Item {
         }
 
         Words {
+            objectName: root.objectName + "Note"
             text: root.note
             size: 12
             color: Theme.inkSoft

@@ -52,6 +52,8 @@ Pressable {
 
         Words {
             id: words
+
+            objectName: root.objectName + "Words"
             visible: !root.symbolOnly
             text: root.button?.label ?? ""
             size: root.fontSize
@@ -63,6 +65,7 @@ Pressable {
 
     // A link is underlined under the pointer, a plain one stands on a ground.
     Rectangle {
+        objectName: root.objectName + "Shade"
         anchors.fill: parent
         anchors.margins: -4
         z: -1
@@ -72,6 +75,7 @@ Pressable {
     }
 
     Hairline {
+        objectName: root.objectName + "Underline"
         x: content.x + words.x
         y: content.y + words.y + words.baselineOffset + 2
         width: words.width

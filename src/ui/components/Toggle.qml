@@ -25,12 +25,14 @@ Pressable {
     Accessible.onToggleAction: root.activate()
 
     Rectangle {
+        objectName: root.objectName + "Ground"
         anchors.fill: parent
         radius: height / 2
         opacity: root.enabled ? 1 : 0.45
         color: root.on ? Theme.accent : Theme.checkEdge
 
         Rectangle {
+            objectName: root.objectName + "Shade"
             anchors.fill: parent
             radius: height / 2
             visible: root.hovered || root.down
@@ -38,6 +40,7 @@ Pressable {
         }
 
         RoundedBox {
+            objectName: root.objectName + "Knob"
             x: 2 + knob.value * (parent.width - width - 4)
             y: 2
             width: 16
@@ -52,6 +55,8 @@ Pressable {
 
     Spring {
         id: knob
+
+        objectName: root.objectName + "Motion"
         target: root.on ? 1 : 0
         response: 0.2
         dampingFraction: 0.85

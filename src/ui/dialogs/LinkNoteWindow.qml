@@ -9,6 +9,7 @@ DialogWindow {
 
     required property LinkNote note
 
+    objectName: "linkNote"
     title: note.title
     shown: note.isOpen
     width: 440
@@ -20,17 +21,20 @@ DialogWindow {
     Column {
         id: column
 
+        objectName: "linkColumn"
         x: 20
         y: 20
         width: root.width - 40
         spacing: 10
 
         Words {
+            objectName: "linkText"
             width: parent.width
             text: root.note.text
             wraps: true
         }
         SelectableText {
+            objectName: "link"
             width: parent.width
             text: root.note.link
             mono: true
@@ -44,6 +48,7 @@ DialogWindow {
             CapsuleButton {
                 id: close
 
+                objectName: "linkClose"
                 anchors { right: parent.right; bottom: parent.bottom }
                 button: root.note.close
                 onPressed: root.note.dismiss()

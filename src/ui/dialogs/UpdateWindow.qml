@@ -11,6 +11,7 @@ DialogWindow {
     required property UpdateNotice notice
     readonly property bool hasNotes: notice.notes !== ""
 
+    objectName: "update"
     title: notice.windowTitle
     shown: notice.isOpen
     width: 480
@@ -22,6 +23,7 @@ DialogWindow {
     AppLogo {
         id: logo
 
+        objectName: "updateLogo"
         x: 20
         y: 20
         size: 56
@@ -29,11 +31,13 @@ DialogWindow {
     Column {
         id: words
 
+        objectName: "updateWords"
         anchors { left: logo.right; leftMargin: 18; right: parent.right; rightMargin: 20 }
         y: 20
         spacing: 6
 
         Words {
+            objectName: "updateTitle"
             width: parent.width
             text: root.notice.title
             size: 15
@@ -42,12 +46,14 @@ DialogWindow {
             Accessible.role: Accessible.Heading
         }
         Words {
+            objectName: "updateText"
             width: parent.width
             text: root.notice.text
             color: Theme.inkSoft
             wraps: true
         }
         ProgressTrack {
+            objectName: "updateTrack"
             width: parent.width
             visible: root.notice.isDownloading
             fraction: root.notice.fraction
@@ -55,6 +61,7 @@ DialogWindow {
         }
     }
     Rectangle {
+        objectName: "updateNotesGround"
         anchors { left: words.left; right: words.right; top: words.bottom; topMargin: 14
                   bottom: foot.top; bottomMargin: 20 }
         visible: root.hasNotes
@@ -74,6 +81,7 @@ DialogWindow {
             SelectableText {
                 id: notes
 
+                objectName: "updateNotes"
                 width: scroll.width - 8
                 text: root.notice.notes
             }
@@ -84,14 +92,17 @@ DialogWindow {
     Row {
         id: foot
 
+        objectName: "updateFoot"
         anchors { right: parent.right; bottom: parent.bottom; margins: 20 }
         spacing: 10
 
         CapsuleButton {
+            objectName: "updateClose"
             button: root.notice.close
             onPressed: root.notice.dismiss()
         }
         CapsuleButton {
+            objectName: "updateAction"
             visible: root.notice.action !== null
             button: root.notice.action
             onPressed: root.notice.act()

@@ -39,6 +39,7 @@ Item {
     Spring {
         id: place
 
+        objectName: root.objectName + "Place"
         target: root.rowTop
         enabled: root.glides
         response: 0.2
@@ -52,6 +53,7 @@ Item {
         model: root.isHeader ? 1 : 0
 
         delegate: ReviewGroupHeader {
+            objectName: root.objectName
             width: root.width
             height: root.height
             group: root.entry
@@ -67,6 +69,7 @@ Item {
         model: root.isHeader ? 0 : 1
 
         delegate: ReviewRow {
+            objectName: root.objectName
             width: root.width
             height: root.height
             item: root.entry

@@ -29,6 +29,7 @@ FocusScope {
         clip: true
 
         RoundedBox {
+            objectName: root.objectName + "Strip"
             width: parent.width
             height: parent.height + 20
             radius: 14
@@ -39,6 +40,7 @@ FocusScope {
     CheckBox {
         id: check
 
+        objectName: root.objectName + "Check"
         x: 14
         anchors.verticalCenter: parent.verticalCenter
         state: root.group.state
@@ -50,12 +52,14 @@ FocusScope {
     Icon {
         id: icon
 
+        objectName: root.objectName + "Icon"
         anchors { left: check.right; leftMargin: 12; verticalCenter: parent.verticalCenter }
         name: root.group.symbol
         size: 16
         tint: Theme.accent
     }
     Words {
+        objectName: root.objectName + "Label"
         anchors { left: icon.right; leftMargin: 12; right: count.left; rightMargin: 12
                   verticalCenter: parent.verticalCenter }
         text: root.group.label
@@ -65,6 +69,7 @@ FocusScope {
     Words {
         id: count
 
+        objectName: root.objectName + "Count"
         anchors { right: size.left; rightMargin: 12; baseline: size.baseline }
         text: root.group.count
         size: 12
@@ -74,6 +79,7 @@ FocusScope {
     Figures {
         id: size
 
+        objectName: root.objectName + "Size"
         anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
         text: root.group.size
         weight: Font.DemiBold

@@ -14,6 +14,7 @@ Item {
     Words {
         id: title
 
+        objectName: "reviewTitle"
         anchors { left: parent.left; leftMargin: 24; verticalCenter: parent.verticalCenter }
         text: root.screen.title
         size: 15
@@ -21,12 +22,14 @@ Item {
         Accessible.role: Accessible.Heading
     }
     Words {
+        objectName: "reviewFound"
         anchors { left: title.right; leftMargin: 8; baseline: title.baseline }
         text: root.screen.found
         size: 12
         color: Theme.inkFaint
     }
     SegmentedControl {
+        objectName: "preset"
         anchors { right: parent.right; rightMargin: 24; verticalCenter: parent.verticalCenter }
         options: root.screen.preset.options
         selected: root.screen.preset.selected ?? -1

@@ -33,6 +33,7 @@ Pressable {
     CheckBox {
         id: check
 
+        objectName: root.objectName + "Check"
         x: 14
         anchors.verticalCenter: parent.verticalCenter
         state: root.item.state
@@ -43,6 +44,7 @@ Pressable {
     Words {
         id: label
 
+        objectName: root.objectName + "Label"
         anchors { left: check.right; leftMargin: 12; verticalCenter: parent.verticalCenter }
         width: Math.min(implicitWidth,
                         size.x - check.x - check.width - 12 - 12 - badge.width - 12)
@@ -52,6 +54,7 @@ Pressable {
     SafetyBadge {
         id: badge
 
+        objectName: root.objectName + "Badge"
         anchors { left: label.right; leftMargin: 12; verticalCenter: parent.verticalCenter }
         label: root.item.badge.label
         fill: root.item.badge.fill
@@ -61,6 +64,7 @@ Pressable {
     Words {
         id: size
 
+        objectName: root.objectName + "Size"
         anchors { right: mark.left; rightMargin: 12; verticalCenter: parent.verticalCenter }
         width: 70
         text: root.item.size
@@ -71,6 +75,7 @@ Pressable {
     Symbol {
         id: mark
 
+        objectName: root.objectName + "Chevron"
         anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
         name: "chevron.right"
         size: 10

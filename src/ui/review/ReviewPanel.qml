@@ -15,6 +15,7 @@ Item {
     implicitHeight: column.implicitHeight + 26
 
     RoundedBox {
+        objectName: root.objectName + "Ground"
         anchors.fill: parent
         radius: 10
         color: Theme.rowHover
@@ -23,18 +24,21 @@ Item {
     Column {
         id: column
 
+        objectName: root.objectName + "Column"
         x: 70
         y: 12
         width: parent.width - 84
         spacing: 6
 
         Words {
+            objectName: root.objectName + "Title"
             text: root.panel.title
             size: 11.5
             weight: Font.DemiBold
             color: Theme.accent
         }
         Words {
+            objectName: root.objectName + "Text"
             width: Math.min(560, parent.width)
             text: root.panel.text
             color: Theme.inkSoft
@@ -42,12 +46,14 @@ Item {
             wraps: true
         }
         Item {
+            objectName: root.objectName + "Way"
             width: parent.width
             height: Math.max(place.implicitHeight, reveal.visible ? reveal.implicitHeight : 0)
 
             Symbol {
                 id: folder
 
+                objectName: root.objectName + "Folder"
                 anchors.verticalCenter: parent.verticalCenter
                 name: "folder"
                 size: 11
@@ -56,6 +62,7 @@ Item {
             Words {
                 id: place
 
+                objectName: root.objectName + "Location"
                 anchors { left: folder.right; leftMargin: 6; verticalCenter: parent.verticalCenter }
                 width: Math.min(implicitWidth, parent.width - folder.width - 6
                                 - (reveal.visible ? reveal.width + 12 : 0))
@@ -68,6 +75,7 @@ Item {
             CapsuleButton {
                 id: reveal
 
+                objectName: root.objectName + "Reveal"
                 anchors { left: place.right; leftMargin: 12; verticalCenter: parent.verticalCenter }
                 visible: root.panel.reveal !== null
                 button: root.panel.reveal

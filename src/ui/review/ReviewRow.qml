@@ -35,6 +35,7 @@ FocusScope {
         visible: line.hovered || root.item.open
 
         RoundedBox {
+            objectName: root.objectName + "Ground"
             readonly property bool isFoot: root.isLast && !root.item.open
 
             y: isFoot ? -20 : 0
@@ -45,6 +46,7 @@ FocusScope {
         }
     }
     Hairline {
+        objectName: root.objectName + "Line"
         anchors { left: parent.left; right: parent.right; top: parent.top }
         visible: !root.isFirst
     }
@@ -52,6 +54,7 @@ FocusScope {
     ReviewLine {
         id: line
 
+        objectName: root.objectName + "Row"
         width: parent.width
         height: 42
         item: root.item
@@ -66,6 +69,7 @@ FocusScope {
     Spring {
         id: opening
 
+        objectName: root.objectName + "Opening"
         target: root.item.open ? 1 : 0
         response: 0.2
         dampingFraction: 0.85
@@ -77,6 +81,7 @@ FocusScope {
         delegate: ReviewPanel {
             id: panel
 
+            objectName: root.objectName + "Panel"
             y: line.height - (1 - Math.min(1, opening.value)) * 12
             width: root.width
             opacity: Math.max(0, Math.min(1, opening.value))

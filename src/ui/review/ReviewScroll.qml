@@ -69,6 +69,7 @@ Flickable {
 
         delegate: Card {
             required property int index
+            objectName: "group" + index + "Card"
             readonly property var place: root.list.cards[index]
 
             parent: root.contentItem
@@ -85,6 +86,7 @@ Flickable {
         model: root.list
 
         delegate: ReviewEntry {
+            objectName: key
             parent: root.contentItem
             x: 24
             width: root.width - 48

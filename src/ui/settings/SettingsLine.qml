@@ -17,12 +17,14 @@ Item {
     implicitHeight: Math.max(44, words.height + 22, end.height + 16)
 
     Hairline {
+        objectName: root.objectName + "Line"
         anchors { left: parent.left; leftMargin: 16; right: parent.right; top: parent.top }
         visible: !root.isFirst
     }
     Column {
         id: words
 
+        objectName: root.objectName + "Words"
         anchors { left: parent.left; leftMargin: 16; verticalCenter: parent.verticalCenter }
         width: root.width - 32 - (end.width > 0 ? end.width + 16 : 0)
         spacing: 4

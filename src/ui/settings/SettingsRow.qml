@@ -74,10 +74,12 @@ Item {
     Accessible.focusable: true
 
     Hairline {
+        objectName: root.objectName + "Line"
         anchors { left: parent.left; leftMargin: 16; right: parent.right; top: parent.top }
         visible: !root.isFirst
     }
     FocusRing {
+        objectName: root.objectName + "Ring"
         distance: -4
         corner: 8
     }

@@ -28,6 +28,7 @@ Column {
         Column {
             id: body
 
+            objectName: root.objectName + "Lines"
             width: parent.width
         }
     }

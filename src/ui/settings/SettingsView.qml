@@ -42,6 +42,7 @@ Item {
     Toolbar {
         id: bar
 
+        objectName: "settingsBar"
         anchors { left: parent.left; right: parent.right; top: parent.top }
         title: root.screen.title
     }

@@ -13,6 +13,7 @@ Item {
     Words {
         id: name
 
+        objectName: root.objectName + "Name"
         x: 10
         width: Math.min(implicitWidth, root.width - 28 - free.width)
         text: root.disk.name
@@ -22,6 +23,7 @@ Item {
     Words {
         id: free
 
+        objectName: root.objectName + "Free"
         anchors { right: parent.right; rightMargin: 10 }
         text: root.disk.free
         size: 11.5
@@ -30,6 +32,7 @@ Item {
     ProgressTrack {
         id: track
 
+        objectName: root.objectName + "Track"
         anchors { left: parent.left; right: parent.right; bottom: parent.bottom
                   leftMargin: 10; rightMargin: 10 }
         height: 5

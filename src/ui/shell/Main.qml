@@ -11,6 +11,7 @@ Window {
     // Whether the commands have a bar in the window, because the system has none for them.
     property bool showsMenuBar: true
 
+    objectName: "window"
     width: 1100
     height: 720
     minimumWidth: 980
@@ -21,6 +22,7 @@ Window {
     MenuStrip {
         id: menuBar
 
+        objectName: "menuBar"
         anchors { left: parent.left; right: parent.right; top: parent.top }
         visible: root.showsMenuBar
         height: visible ? implicitHeight : 0
@@ -30,11 +32,13 @@ Window {
     Shortcuts { shell: root.model.shell }
 
     Item {
+        objectName: "main"
         anchors { left: parent.left; right: parent.right; top: menuBar.bottom; bottom: parent.bottom }
 
         Sidebar {
             id: sidebar
 
+            objectName: "sidebar"
             anchors { left: parent.left; top: parent.top; bottom: parent.bottom }
             width: divider.position
             screen: root.model.sidebar
@@ -43,12 +47,14 @@ Window {
         SidebarDivider {
             id: divider
 
+            objectName: "divider"
             anchors { top: parent.top; bottom: parent.bottom }
             x: position - width / 2
             furthest: Math.max(200, Math.min(260, root.width - 680))
         }
 
         Detail {
+            objectName: "detail"
             anchors { left: sidebar.right; right: parent.right; top: parent.top; bottom: parent.bottom }
             model: root.model
         }

@@ -25,6 +25,7 @@ Item {
                 id: entry
 
                 required property int index
+                objectName: "menu" + index
                 readonly property var items: root.shell.menus[index].items
 
                 implicitWidth: words.implicitWidth + 20
@@ -42,6 +43,7 @@ Item {
                 Words {
                     id: words
 
+                    objectName: entry.objectName + "Words"
                     anchors.centerIn: parent
                     text: entry.name
                     size: 12.5
@@ -59,6 +61,7 @@ Item {
     }
 
     Hairline {
+        objectName: "menuBarLine"
         anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
     }
 }

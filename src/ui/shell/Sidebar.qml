@@ -40,16 +40,19 @@ Rectangle {
     Item {
         id: head
 
+        objectName: "sidebarHead"
         anchors { left: parent.left; right: parent.right; top: parent.top }
         height: 34
 
         AppLogo {
             id: mark
 
+            objectName: "brandMark"
             anchors { left: parent.left; leftMargin: 18; verticalCenter: parent.verticalCenter }
             size: 22
         }
         Words {
+            objectName: "brandName"
             anchors { left: mark.right; leftMargin: 8; verticalCenter: parent.verticalCenter }
             text: root.screen.brand
             size: 13.5
@@ -63,6 +66,7 @@ Rectangle {
         Accessible.name: root.screen.brand
 
         Flickable {
+            objectName: "sidebarScroll"
             anchors { left: parent.left; right: parent.right; top: parent.top; bottom: foot.top }
             contentHeight: list.height
             boundsBehavior: Flickable.StopAtBounds
@@ -72,6 +76,7 @@ Rectangle {
             Column {
                 id: list
 
+                objectName: "sidebarList"
                 x: 10
                 width: parent.width - 20
 
@@ -83,6 +88,7 @@ Rectangle {
                     delegate: SidebarSection {
                         required property int index
 
+                        objectName: "section" + index
                         width: list.width
                         section: root.screen.sections[index]
                         onChosen: id => root.screen.press("sections.rows", id)
@@ -95,16 +101,19 @@ Rectangle {
         Column {
             id: foot
 
+            objectName: "sidebarFoot"
             anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 10 }
             spacing: 10
 
             DiskSummary {
+                objectName: "diskSummary"
                 width: parent.width
                 disk: root.screen.disk
             }
             SidebarRow {
                 id: settings
 
+                objectName: "rowSettings"
                 width: parent.width
                 row: root.screen.settings
                 onChosen: root.screen.press("settings")

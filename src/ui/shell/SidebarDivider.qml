@@ -12,6 +12,7 @@ Item {
     width: 9
 
     Hairline {
+        objectName: root.objectName + "Line"
         anchors { horizontalCenter: parent.horizontalCenter; top: parent.top; bottom: parent.bottom }
         vertical: true
     }

@@ -25,6 +25,7 @@ Pressable {
     Keys.onDownPressed: moved(1)
 
     Rectangle {
+        objectName: root.objectName + "Ground"
         anchors.fill: parent
         z: -1
         radius: 7
@@ -34,6 +35,7 @@ Pressable {
     Icon {
         id: icon
 
+        objectName: root.objectName + "Icon"
         x: 10
         anchors.verticalCenter: parent.verticalCenter
         size: 17
@@ -41,6 +43,7 @@ Pressable {
         tint: root.row.selected ? Theme.accent : Theme.inkSoft
     }
     Words {
+        objectName: root.objectName + "Label"
         anchors { left: icon.right; leftMargin: 8; right: parent.right; rightMargin: 10
                   verticalCenter: parent.verticalCenter }
         text: root.row.label

@@ -23,12 +23,14 @@ Column {
     spacing: 2
 
     Item {
+        objectName: root.objectName + "Head"
         width: parent.width
         height: title.implicitHeight + 16
 
         Words {
             id: title
 
+            objectName: root.objectName + "Title"
             x: 10
             y: 12
             width: parent.width - 20
@@ -50,6 +52,7 @@ Column {
 
             required property int index
 
+            objectName: root.objectName + "Row" + index
             width: root.width
             row: root.section.rows[index]
             onChosen: root.chosen(row.row.id)

@@ -15,6 +15,7 @@ Item {
     Words {
         id: heading
 
+        objectName: root.objectName + "Title"
         anchors { left: parent.left; leftMargin: root.padding; verticalCenter: parent.verticalCenter }
         width: Math.min(implicitWidth, root.width - 2 * root.padding - 16 - trailing.width)
         text: root.title
@@ -25,6 +26,7 @@ Item {
     Words {
         id: trailing
 
+        objectName: root.objectName + "Note"
         anchors { right: parent.right; rightMargin: root.padding; baseline: heading.baseline }
         width: Math.min(implicitWidth, root.width / 2)
         visible: text !== ""
