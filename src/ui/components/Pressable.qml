@@ -14,7 +14,7 @@ Item {
     property bool returnPresses: true
     property bool tabStop: true
     property real ringCorner: 6
-    property real ringDistance: 1
+    property real ringDistance: 2
     property string tooltip
     readonly property bool hovered: hover.hovered && enabled
     readonly property bool down: area.pressed && area.containsMouse || keyDown

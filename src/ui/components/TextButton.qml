@@ -26,7 +26,7 @@ Pressable {
     implicitHeight: Math.max(16, content.implicitHeight)
     baselineOffset: content.y + words.y + words.baselineOffset
     ringCorner: 4
-    ringDistance: 3
+    ringDistance: 2
     onActivated: pressed()
 
     Row {

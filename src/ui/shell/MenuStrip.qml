@@ -32,6 +32,9 @@ Item {
                 implicitHeight: 22
                 name: root.shell.menus[index].title
                 role: Accessible.MenuItem
+                // Inside, as there is no room around.
+                ringCorner: 5
+                ringDistance: -2
                 onActivated: menu.opened ? menu.close() : menu.open()
                 Keys.onDownPressed: activate()
 

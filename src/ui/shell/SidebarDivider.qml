@@ -13,7 +13,8 @@ Item {
 
     Hairline {
         objectName: root.objectName + "Line"
-        anchors { horizontalCenter: parent.horizontalCenter; top: parent.top; bottom: parent.bottom }
+        // It is the sidebar's last pixel.
+        anchors { right: parent.horizontalCenter; top: parent.top; bottom: parent.bottom }
         vertical: true
     }
     MouseArea {

@@ -18,6 +18,8 @@ Pressable {
     // On the screen on view Return is left to its main button.
     returnPresses: !row.selected
     ringCorner: 7
+    // It fills the gap to the next row, which would paint over more.
+    ringDistance: 0
     Accessible.selectable: true
     Accessible.selected: row.selected
     onActivated: chosen()
