@@ -13,8 +13,9 @@ Item {
 
     Hairline {
         objectName: root.objectName + "Line"
-        // It is the sidebar's last pixel.
-        anchors { right: parent.horizontalCenter; top: parent.top; bottom: parent.bottom }
+        // The sidebar's last pixel; an anchor to the centre would be rounded past it.
+        x: root.width / 2 - width
+        anchors { top: parent.top; bottom: parent.bottom }
         vertical: true
     }
     MouseArea {
