@@ -1,7 +1,8 @@
 #include "model/words.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
 #include "model/letters.h"
 
@@ -9,17 +10,22 @@ namespace morvane {
 
 namespace {
 
-std::string oneDecimal(double value, const char* unit) {
-    char buffer[400];
-    const int length = std::snprintf(buffer, sizeof buffer, "%.1f %s", value, unit);
-    return {buffer, static_cast<std::size_t>(length)};
+// With that many decimals, a point before them whatever the user's language, and no exponent
+// whatever the magnitude.
+std::string fixed(double value, int decimals, const char* unit) {
+    std::array<char, 400> buffer;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::fixed, decimals);
+    return std::string(buffer.data(), written.ptr) + ' ' + unit;
 }
 
-// Rounds halves away from zero and prints without an exponent, whatever the magnitude.
+std::string oneDecimal(double value, const char* unit) {
+    return fixed(value, 1, unit);
+}
+
+// Rounds halves away from zero.
 std::string whole(double value, const char* unit) {
-    char buffer[400];
-    const int length = std::snprintf(buffer, sizeof buffer, "%.0f %s", std::round(value), unit);
-    return {buffer, static_cast<std::size_t>(length)};
+    return fixed(std::round(value), 0, unit);
 }
 
 }  // namespace
