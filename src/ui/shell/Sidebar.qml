@@ -66,6 +66,8 @@ Rectangle {
         Accessible.name: root.screen.brand
 
         Flickable {
+            id: scroll
+
             objectName: "sidebarScroll"
             anchors { left: parent.left; right: parent.right; top: parent.top; bottom: foot.top }
             contentHeight: list.height
@@ -79,6 +81,7 @@ Rectangle {
                 objectName: "sidebarList"
                 x: 10
                 width: parent.width - 20
+                spacing: 2
 
                 Repeater {
                     id: sections
@@ -96,6 +99,8 @@ Rectangle {
                     }
                 }
             }
+
+            ScrollMark { scroll: scroll }
         }
 
         Column {
