@@ -46,6 +46,16 @@ TEST_F(SettingsPress, TheReminderGoesOnOnlyWhereItIsAllowed) {
     EXPECT_TRUE(*state->remindWhenReady);
 }
 
+TEST_F(SettingsPress, TheReminderAndItsPermissionAreStoredAnimated) {
+    state->remindWhenReady = false;
+    const Names changed = changedBy([&] {
+        press("settings", "sweeping.remind", {}, true);
+        finishWork();
+    });
+    EXPECT_THAT(changed, ElementsAre("notificationStatus", "remindWhenReady"));
+    EXPECT_EQ(animated, changed);
+}
+
 TEST_F(SettingsPress, TheNoteOpensThePaneOfNotifications) {
     refusal("settings", "sweeping.notificationsOff.button");
     state->notificationStatus = denied;
