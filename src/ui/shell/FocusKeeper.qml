@@ -13,12 +13,13 @@ Item {
 
     signal lost()
 
-    // Once what moves the keyboard on has had its turn.
+    // Once what moves the keyboard on has had its turn. While a small window has the keyboard this
+    // one counts as active too, and has to keep the place to which it comes back.
     Timer {
         id: look
 
         interval: 0
-        onTriggered: if (root.window.active && !root.isHeld) root.lost()
+        onTriggered: if (root.window.contentItem.activeFocus && !root.isHeld) root.lost()
     }
 
     onHeldChanged: look.restart()
