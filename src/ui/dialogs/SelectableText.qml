@@ -7,6 +7,8 @@ TextEdit {
     id: root
 
     property bool mono: false
+    // Whether the ring of the keyboard lies around the text itself.
+    property bool ringed: true
 
     readOnly: true
     selectByMouse: true
@@ -16,7 +18,7 @@ TextEdit {
     selectionColor: Theme.accent
     selectedTextColor: Theme.onAccent
     font.family: mono ? Theme.monoFamily : Theme.family
-    font.pixelSize: 12
+    font.pixelSize: mono ? 11 : 12
     activeFocusOnTab: true
     Keys.onShortcutOverride: event => event.accepted = event.matches(StandardKey.Copy)
 
@@ -25,6 +27,7 @@ TextEdit {
     Accessible.focusable: true
 
     FocusRing {
+        shown: root.activeFocus && root.ringed
         distance: 4
         corner: 4
     }

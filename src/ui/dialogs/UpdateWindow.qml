@@ -73,8 +73,12 @@ DialogWindow {
         Flickable {
             id: scroll
 
-            anchors { fill: parent; margins: 10 }
-            contentHeight: notes.height
+            function scrollBy(distance: real) {
+                contentY = Math.max(0, Math.min(contentHeight - height, contentY + distance))
+            }
+
+            anchors { fill: parent; margins: 1 }
+            contentHeight: notes.height + 20
             boundsBehavior: Flickable.StopAtBounds
             clip: true
 
@@ -82,11 +86,27 @@ DialogWindow {
                 id: notes
 
                 objectName: "updateNotes"
-                width: scroll.width - 8
+                x: 11
+                y: 10
+                width: scroll.width - 28
                 text: root.notice.notes
+                ringed: false
+                Keys.onUpPressed: scroll.scrollBy(-40)
+                Keys.onDownPressed: scroll.scrollBy(40)
+                Keys.onPressed: event => {
+                    event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown
+                    if (event.accepted)
+                        scroll.scrollBy((event.key === Qt.Key_PageUp ? -1 : 1)
+                                        * (scroll.height - 40))
+                }
             }
 
             ScrollMark { scroll: scroll }
+        }
+        // Around all that is on view of the text.
+        FocusRing {
+            shown: notes.activeFocus
+            corner: 8
         }
     }
     Row {
