@@ -5,8 +5,8 @@ import QtQuick.Templates as T
 import Morvane.Components
 import Morvane.Theme
 
-// Shows a text after the pointer has rested over this item, or at once for the keyboard while
-// `keyboardShown` holds. It takes no press away from what lies under it.
+// Shows a text after the pointer has rested over this item, until it leaves or presses, or at once
+// for the keyboard while `keyboardShown` holds. It takes no press away from what lies under it.
 Item {
     id: root
 
@@ -14,14 +14,24 @@ Item {
     property bool keyboardShown: false
     readonly property bool shown: text !== "" && (rested || keyboardShown)
     property bool rested: false
+    // A press under it was what the pointer came for.
+    property bool pressed: false
 
     HoverHandler {
         id: hover
-        onHoveredChanged: if (!hovered) root.rested = false
+        onHoveredChanged: if (!hovered) root.rested = root.pressed = false
+    }
+    PointHandler {
+        onActiveChanged: {
+            if (!active)
+                return
+            root.pressed = true
+            root.rested = false
+        }
     }
 
     Timer {
-        running: hover.hovered && root.text !== "" && !root.rested
+        running: hover.hovered && root.text !== "" && !root.rested && !root.pressed
         interval: 700
         onTriggered: root.rested = true
     }
