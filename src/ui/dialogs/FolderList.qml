@@ -62,7 +62,8 @@ ListView {
     Accessible.name: chooser.location
 
     delegate: FolderLine {
-        width: ListView.view.width
+        // Beside the mark of how far the list is scrolled.
+        width: root.width - (root.contentHeight > root.height ? 8 : 0)
         onPressed: modifiers => {
             root.forceActiveFocus(Qt.MouseFocusReason)
             root.chooser.press(index, modifiers)
