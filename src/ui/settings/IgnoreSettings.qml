@@ -83,15 +83,19 @@ SettingsSection {
             }
         }
     }
-    SettingsLine {
+    Item {
         width: parent.width
-        isFirst: rows.total === 0
-        implicitHeight: 46
+        height: 46
 
+        Hairline {
+            anchors { left: parent.left; leftMargin: 16; right: parent.right; top: parent.top }
+            visible: rows.total > 0
+        }
         CapsuleButton {
             id: add
 
             objectName: "addFolder"
+            anchors { left: parent.left; leftMargin: 16; verticalCenter: parent.verticalCenter }
             button: root.told.add
             onPressed: root.screen.press("ignoreList.add")
         }
