@@ -54,13 +54,15 @@ Basic.Menu {
                         : item.highlighted ? Theme.onAccent : Theme.ink
 
                 Words {
+                    id: label
+
                     anchors.verticalCenter: parent.verticalCenter
                     text: item.command.label
                     color: parent.ink
                     accessible: false
                 }
                 Words {
-                    anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+                    anchors { right: parent.right; baseline: label.baseline }
                     text: KeyNames.sequence(item.command.key ?? "")
                     size: 12
                     color: item.highlighted && item.enabled ? Theme.onAccent : Theme.inkFaint
