@@ -6,22 +6,37 @@ Window {
     id: root
 
     property bool shown: false
+    // The control that the keyboard begins at, and goes to when this becomes another one.
+    property Item first: null
     default property alias content: body.data
 
     signal dismissed()
+
+    function takeKeyboard() {
+        if (visible && first)
+            first.forceActiveFocus(Qt.OtherFocusReason)
+    }
 
     flags: Qt.Dialog
     color: Theme.surface
     visible: shown
     onClosing: dismissed()
+    onVisibleChanged: takeKeyboard()
+    // Once what it depends on is on view.
+    onFirstChanged: Qt.callLater(takeKeyboard)
 
-    FocusScope {
-        id: body
-
+    // No focus scope itself, or it would tell that it has the keyboard beside the control that does.
+    Item {
         anchors.fill: parent
-        focus: true
         Accessible.role: Accessible.Dialog
         Accessible.name: root.title
+
+        FocusScope {
+            id: body
+
+            anchors.fill: parent
+            focus: true
+        }
     }
 
     Shortcut {

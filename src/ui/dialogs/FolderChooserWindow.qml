@@ -9,6 +9,7 @@ DialogWindow {
 
     required property FolderChooser chooser
 
+    objectName: "folderChooser"
     title: chooser.title
     shown: chooser.isOpen
     modality: Qt.WindowModal
@@ -17,7 +18,7 @@ DialogWindow {
     minimumWidth: 460
     minimumHeight: 340
     onDismissed: chooser.dismiss()
-    onVisibleChanged: if (visible) list.forceActiveFocus(Qt.OtherFocusReason)
+    first: list
 
     Words {
         id: message
@@ -58,12 +59,19 @@ DialogWindow {
         anchors { left: parent.left; right: parent.right; top: bar.bottom; bottom: foot.top
                   leftMargin: 20; rightMargin: 20; topMargin: 10; bottomMargin: 16 }
 
-        FolderList {
-            id: list
-
-            objectName: "chooserList"
+        Item {
             anchors.fill: parent
-            chooser: root.chooser
+            Accessible.role: Accessible.List
+            Accessible.name: root.chooser.location
+            Accessible.ignored: list.count === 0
+
+            FolderList {
+                id: list
+
+                objectName: "chooserList"
+                anchors.fill: parent
+                chooser: root.chooser
+            }
         }
         Words {
             anchors.centerIn: parent

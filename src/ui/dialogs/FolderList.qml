@@ -58,8 +58,11 @@ ListView {
         keyed(event)
     }
 
+    // It has the keyboard together with its line, and is told of by what is around it; without a
+    // line it has the keyboard alone.
     Accessible.role: Accessible.List
     Accessible.name: chooser.location
+    Accessible.ignored: count > 0
 
     delegate: FolderLine {
         // Beside the mark of how far the list is scrolled.

@@ -16,6 +16,7 @@ DialogWindow {
     height: column.height + 40
     minimumWidth: 440
     minimumHeight: 120
+    first: close
     onDismissed: note.dismiss()
 
     Column {

@@ -18,6 +18,7 @@ DialogWindow {
     height: Math.max(words.y + words.height, 76) + (hasNotes ? 216 : 0) + foot.height + 40
     minimumWidth: 420
     minimumHeight: 140
+    first: notice.action !== null ? action : close
     onDismissed: notice.dismiss()
 
     AppLogo {
@@ -117,11 +118,15 @@ DialogWindow {
         spacing: 10
 
         CapsuleButton {
+            id: close
+
             objectName: "updateClose"
             button: root.notice.close
             onPressed: root.notice.dismiss()
         }
         CapsuleButton {
+            id: action
+
             objectName: "updateAction"
             visible: root.notice.action !== null
             button: root.notice.action
