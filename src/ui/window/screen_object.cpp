@@ -40,7 +40,10 @@ bool ScreenObject::press(const QString& control, const QString& row, const QVari
             break;
     }
     auto act = screen_.press(request);
-    if (!std::holds_alternative<screens::Screen::Act>(act)) return false;
+    if (!std::holds_alternative<screens::Screen::Act>(act)) {
+        emit refused();
+        return false;
+    }
     std::get<screens::Screen::Act>(act)();
     emit pressed();
     return true;

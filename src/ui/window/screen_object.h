@@ -30,6 +30,8 @@ public:
 signals:
     // After a press has done what it does.
     void pressed();
+    // A press was made of what cannot be used now.
+    void refused();
 
 protected:
     template <class Derived>

@@ -7,7 +7,10 @@ namespace morvane {
 
 SettingsObject::SettingsObject(screens::SettingsScreen& screen, AppState& state, Scope& scope,
                                QObject* parent)
-    : ScreenObject(this, screen, parent), screen_(screen), state_(state), scope_(scope) {}
+    : ScreenObject(this, screen, parent), screen_(screen), state_(state), scope_(scope) {
+    // The disk has changed behind what is shown of it.
+    connect(this, &ScreenObject::refused, this, &SettingsObject::lookAgain);
+}
 
 QVariantMap SettingsObject::read() {
     return toVariant(screen_.content(facts_)).toMap();

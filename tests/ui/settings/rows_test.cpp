@@ -157,6 +157,26 @@ TEST_F(SettingsRows, AnEmptiedTrashShowsOnActivation) {
     EXPECT_EQ(find(QStringLiteral("sweep0Restore")), nullptr);
 }
 
+TEST_F(SettingsRows, ARestoreFromATrashEmptiedMeanwhileSaysSo) {
+    sweep("One");
+    awaitItem(QStringLiteral("sweep0Restore"));
+    files.remove(trash("One"));
+    click(QStringLiteral("sweep0Restore"));
+    awaitItem(QStringLiteral("sweep0Words"));
+    EXPECT_EQ(text(QStringLiteral("sweep0Words")), QStringLiteral("Trash was emptied"));
+    EXPECT_EQ(find(QStringLiteral("sweep0Restore")), nullptr);
+}
+
+TEST_F(SettingsRows, AFolderThatHasGoneMeanwhileIsNotShownButSaysSo) {
+    ignore({"/Users/sam/A"});
+    files.remove("/Users/sam/A");
+    click(QStringLiteral("ignored0Show"));
+    EXPECT_TRUE(loop.runUntil([&] { return find(QStringLiteral("ignored0Show")) == nullptr; }));
+    settle();
+    EXPECT_EQ(spokenName(QStringLiteral("ignored0")), "~/A, /Users/sam/A no longer exists");
+    EXPECT_THAT(system.workspace.revealed, testing::IsEmpty());
+}
+
 TEST_F(SettingsRows, ANameOfAnyLengthStaysInItsRow) {
     ignore({"/Users/sam/" + std::string(10'000, 'x') + "\n\u202e"});
     const QRectF row = place(QStringLiteral("ignored0"));
