@@ -13,8 +13,16 @@ Basic.Menu {
 
     property var commands: []
 
-    signal chosen(string id)
+    // Whether it was left with a command.
+    property bool acted: false
 
+    signal chosen(string id)
+    // An arrow asked for the menu so many places on.
+    signal went(int steps)
+
+    // A press on what opened it is that one's.
+    closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutsideParent
+    onAboutToShow: acted = false
     padding: 5
     implicitWidth: 240
     background: RoundedBox {
@@ -27,6 +35,16 @@ Basic.Menu {
         shadowOffset: 4
     }
 
+    Shortcut {
+        sequence: "Left"
+        enabled: root.opened
+        onActivated: root.went(-1)
+    }
+    Shortcut {
+        sequence: "Right"
+        enabled: root.opened
+        onActivated: root.went(1)
+    }
     Instantiator {
         model: root.commands.length
         onObjectAdded: (index, object) => root.insertItem(index, object)
@@ -43,7 +61,10 @@ Basic.Menu {
             rightPadding: 10
             enabled: command.enabled
             text: command.label
-            onTriggered: root.chosen(command.id)
+            onTriggered: {
+                root.acted = true
+                root.chosen(command.id)
+            }
             Accessible.name: command.label
             background: Rectangle {
                 radius: 5

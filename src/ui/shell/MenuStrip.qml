@@ -12,6 +12,20 @@ Item {
 
     required property var shell
 
+    // The menu on view, or null.
+    property CommandMenu openMenu: null
+
+    // Opens the menu so many places on from one, around the end.
+    function step(place: int, steps: int) {
+        const count = entries.count
+        entries.itemAt((place + steps + count) % count).show()
+    }
+
+    function go(place: int) {
+        const count = entries.count
+        entries.itemAt((place + count) % count).forceActiveFocus(Qt.TabFocusReason)
+    }
+
     implicitHeight: 28
     Accessible.role: Accessible.MenuBar
 
@@ -19,6 +33,8 @@ Item {
         anchors { left: parent.left; leftMargin: 8; verticalCenter: parent.verticalCenter }
 
         Repeater {
+            id: entries
+
             model: root.shell.menus.length
 
             delegate: Pressable {
@@ -35,8 +51,21 @@ Item {
                 // Inside, as there is no room around.
                 ringCorner: 5
                 ringDistance: -2
-                onActivated: menu.opened ? menu.close() : menu.open()
+                onActivated: menu.opened ? menu.close() : show()
+                // While one menu is open, the pointer opens the next by coming to it.
+                onHoveredChanged: if (hovered && root.openMenu && root.openMenu !== menu) show()
                 Keys.onDownPressed: activate()
+                Keys.onLeftPressed: root.go(index - 1)
+                Keys.onRightPressed: root.go(index + 1)
+
+                function show() {
+                    if (root.openMenu)
+                        root.openMenu.close()
+                    forceActiveFocus(InputMode.keyboard ? Qt.TabFocusReason : Qt.MouseFocusReason)
+                    menu.open()
+                    // The keyboard begins at the first command, the pointer where it goes.
+                    menu.currentIndex = InputMode.keyboard ? 0 : -1
+                }
 
                 Rectangle {
                     anchors.fill: parent
@@ -58,6 +87,14 @@ Item {
                     y: entry.height + 2
                     commands: entry.items
                     onChosen: id => root.shell.press("menus.items", id)
+                    onWent: steps => root.step(entry.index, steps)
+                    onAboutToShow: root.openMenu = menu
+                    onAboutToHide: if (root.openMenu === menu) root.openMenu = null
+                    // A command takes the keyboard where it leads.
+                    onClosed: {
+                        if (InputMode.keyboard && !acted)
+                            entry.forceActiveFocus(Qt.TabFocusReason)
+                    }
                 }
             }
         }
