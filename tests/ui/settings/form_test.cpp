@@ -67,6 +67,18 @@ TEST_F(SettingsForm, DownloadsWaitForChecks) {
     EXPECT_THAT(updates.calls, testing::ElementsAre("checks on", "downloads on", "check"));
 }
 
+TEST_F(SettingsForm, ChecksForUpdatesOnlyWhileACheckCanStart) {
+    EXPECT_EQ(text(QStringLiteral("versionLabel")), QStringLiteral("Version 0.1.0 (1)"));
+    const QQuickItem& button = item(QStringLiteral("checkForUpdates"));
+    EXPECT_TRUE(button.isEnabled());
+    updates.canCheck = false;
+    updates.changes.tell();
+    EXPECT_FALSE(button.isEnabled());
+    updates.canCheck = true;
+    updates.changes.tell();
+    EXPECT_TRUE(button.isEnabled());
+}
+
 TEST_F(SettingsForm, SaysThatNothingWasSweptYet) {
     EXPECT_EQ(text(QStringLiteral("historyMessageLabel")), QStringLiteral("Nothing swept yet."));
     EXPECT_EQ(item(QStringLiteral("historyMessageLabel")).property("color").value<QColor>(),
