@@ -63,6 +63,11 @@ Pressable {
         }
     }
 
+    HoverHandler {
+        enabled: root.link && root.enabled
+        cursorShape: Qt.PointingHandCursor
+    }
+
     // A link is underlined under the pointer, a plain one stands on a ground.
     Rectangle {
         objectName: root.objectName + "Shade"

@@ -26,6 +26,7 @@ TextEdit {
     Accessible.name: root.text
     Accessible.focusable: true
 
+    HoverHandler { cursorShape: Qt.IBeamCursor }
     FocusRing {
         shown: root.activeFocus && root.ringed
         distance: 4
