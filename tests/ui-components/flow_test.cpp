@@ -74,5 +74,22 @@ TEST(FlowLayoutItem, PlacesWhatARepeaterMakesAndLeavesHiddenOnesOut) {
     EXPECT_EQ(flow->implicitHeight(), 10);
 }
 
+TEST(FlowLayoutItem, HasNoSizeWithoutItemsAndCutsNoneThatIsTooWide) {
+    Stage stage;
+    const QQuickItem* const root = stage.show(QStringLiteral(R"(Item { width: 600; height: 400
+        FlowLayout { objectName: "none"; width: 100; spacing: 20; lineSpacing: 6 }
+        FlowLayout { objectName: "flow"; width: 100; spacing: 20; lineSpacing: 6
+            Rectangle { width: 30; height: 10 }
+            Rectangle { objectName: "wide"; width: 300; height: 12 } } })"));
+    ASSERT_NE(root, nullptr);
+    stage.picture();
+    EXPECT_EQ(stage.item(QStringLiteral("none"))->implicitWidth(), 0);
+    EXPECT_EQ(stage.item(QStringLiteral("none"))->implicitHeight(), 0);
+    EXPECT_FALSE(stage.item(QStringLiteral("flow"))->clip());
+    EXPECT_EQ(stage.item(QStringLiteral("flow"))->implicitHeight(), 28);
+    EXPECT_EQ(stage.item(QStringLiteral("wide"))->position(), QPointF(0, 16));
+    EXPECT_EQ(stage.item(QStringLiteral("wide"))->size(), QSizeF(300, 12));
+}
+
 }  // namespace
 }  // namespace morvane
