@@ -31,12 +31,16 @@ Card {
                 id: name
 
                 objectName: "diskName"
-                width: Math.min(implicitWidth, (parent.width - free.width) / 2)
+                // A long name gives way, so that the figures are whole.
+                width: Math.max(0, Math.min(implicitWidth,
+                                            parent.width - used.implicitWidth - 30 - free.width))
                 text: root.disk.name
                 size: 15
                 weight: Font.DemiBold
             }
             Words {
+                id: used
+
                 objectName: "diskUsed"
                 anchors { left: name.right; leftMargin: 10; baseline: name.baseline }
                 width: Math.min(implicitWidth, parent.width - name.width - 20 - free.width)
