@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <coroutine>
 #include <mutex>
@@ -74,8 +75,8 @@ private:
 class Counted {
 public:
     struct Counts {
-        int alive = 0;
-        int destroyed = 0;
+        std::atomic<int> alive = 0;  // a function given to a pool dies there and here
+        std::atomic<int> destroyed = 0;
     };
     explicit Counted(Counts& counts) : counts_(&counts) { ++counts_->alive; }
     Counted(const Counted& other) : counts_(other.counts_) { ++counts_->alive; }
