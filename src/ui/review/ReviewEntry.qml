@@ -34,13 +34,22 @@ Item {
     }
 
     y: place.value
-    height: rowHeight
+    height: extent.value
 
     Spring {
         id: place
 
         objectName: root.objectName + "Place"
         target: root.rowTop
+        enabled: root.glides
+        response: 0.2
+        dampingFraction: 0.85
+    }
+    Spring {
+        id: extent
+
+        objectName: root.objectName + "Extent"
+        target: root.rowHeight
         enabled: root.glides
         response: 0.2
         dampingFraction: 0.85

@@ -13,6 +13,9 @@ FocusScope {
     property bool isCurrent: false
     property bool isFirst: false
     property bool isLast: false
+    readonly property var panel: item.panel
+    // What the panel told last, while it leaves.
+    property var told: null
 
     signal toggled()
     signal opened()
@@ -24,6 +27,8 @@ FocusScope {
     function takeKeyboard() {
         line.forceActiveFocus(Qt.TabFocusReason)
     }
+
+    onPanelChanged: if (panel !== null) told = panel
 
     clip: opening.running
 
@@ -76,16 +81,17 @@ FocusScope {
     }
 
     Repeater {
-        model: root.item.panel !== null ? 1 : 0
+        model: root.told !== null && (root.panel !== null || opening.value > 0.01) ? 1 : 0
 
         delegate: ReviewPanel {
-            id: panel
+            id: shown
 
             objectName: root.objectName + "Panel"
             y: line.height - (1 - Math.min(1, opening.value)) * 12
             width: root.width
             opacity: Math.max(0, Math.min(1, opening.value))
-            panel: root.item.panel
+            panel: root.told
+            enabled: root.panel !== null
             rowLabel: root.item.label
             onRevealed: root.revealed()
             // Not while the row is still being made from the list that this changes.
@@ -96,7 +102,7 @@ FocusScope {
 
                 interval: 0
                 running: true
-                onTriggered: root.panelLaidOut(panel.implicitHeight)
+                onTriggered: root.panelLaidOut(shown.implicitHeight)
             }
         }
     }

@@ -68,15 +68,36 @@ Flickable {
         model: root.list.cards.length
 
         delegate: Card {
+            id: card
+
             required property int index
-            objectName: "group" + index + "Card"
             readonly property var place: root.list.cards[index]
 
+            objectName: "group" + index + "Card"
             parent: root.contentItem
             x: 24
-            y: place.y
+            y: top.value
             width: root.width - 48
-            height: place.height
+            height: extent.value
+
+            Spring {
+                id: top
+
+                objectName: card.objectName + "Place"
+                target: card.place.y
+                enabled: root.glides
+                response: 0.2
+                dampingFraction: 0.85
+            }
+            Spring {
+                id: extent
+
+                objectName: card.objectName + "Extent"
+                target: card.place.height
+                enabled: root.glides
+                response: 0.2
+                dampingFraction: 0.85
+            }
         }
     }
 
