@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Morvane.Theme
 
 // The bar under a list of what can go: how much is selected, what becomes of it, and the actions.
@@ -12,7 +11,7 @@ Item {
     property bool showsDivider: true
     default property alias actions: tray.data
 
-    implicitWidth: layout.implicitWidth + 48
+    implicitWidth: amount.width + tray.width + 90
     implicitHeight: 62
 
     Rectangle {
@@ -21,52 +20,48 @@ Item {
         color: Theme.surface
     }
 
-    RowLayout {
-        id: layout
+    Column {
+        id: amount
 
-        anchors.fill: parent
-        anchors.leftMargin: 24
-        anchors.rightMargin: 24
-        spacing: 14
+        objectName: root.objectName + "Amount"
+        anchors { left: parent.left; leftMargin: 24; verticalCenter: parent.verticalCenter }
 
-        Column {
-            objectName: root.objectName + "Amount"
-
-            Figures {
-                objectName: root.objectName + "Size"
-                text: root.size
-                size: 17
-                weight: Font.Bold
-            }
-            Words {
-                objectName: root.objectName + "Count"
-                text: root.count
-                size: 11.5
-                color: Theme.inkSoft
-            }
+        Figures {
+            objectName: root.objectName + "Size"
+            text: root.size
+            size: 17
+            weight: Font.Bold
         }
-
-        Rectangle {
-            objectName: root.objectName + "Divider"
-            visible: root.showsDivider
-            implicitWidth: 0.5
-            implicitHeight: 28
-            color: Theme.hairlineColor
-        }
-
         Words {
-            objectName: root.objectName + "Note"
-            text: root.note
-            size: 12
+            objectName: root.objectName + "Count"
+            text: root.count
+            size: 11.5
             color: Theme.inkSoft
-            wraps: true
-            maximumLines: 2
-            Layout.fillWidth: true
         }
+    }
+    Hairline {
+        id: divider
 
-        Row {
-            id: tray
-            spacing: 14
-        }
+        objectName: root.objectName + "Divider"
+        anchors { left: amount.right; leftMargin: 14; verticalCenter: parent.verticalCenter }
+        height: 28
+        vertical: true
+        visible: root.showsDivider
+    }
+    Words {
+        objectName: root.objectName + "Note"
+        anchors { left: root.showsDivider ? divider.right : amount.right; leftMargin: 14
+                  right: tray.left; rightMargin: 14; verticalCenter: parent.verticalCenter }
+        text: root.note
+        size: 12
+        color: Theme.inkSoft
+        wraps: true
+        maximumLines: 2
+    }
+    Row {
+        id: tray
+
+        anchors { right: parent.right; rightMargin: 24; verticalCenter: parent.verticalCenter }
+        spacing: 14
     }
 }
