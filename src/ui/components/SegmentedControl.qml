@@ -56,14 +56,14 @@ Item {
         Repeater {
             id: segments
 
-            model: root.options
+            // By their number: segments stay the same when the list is told anew.
+            model: root.options.length
 
             Segment {
                 required property int index
-                required property var modelData
 
                 objectName: root.objectName + index
-                name: modelData
+                name: root.options[index] ?? ""
                 selected: index === root.selected
                 tabStop: index === root.stop
                 onActivated: root.chosen(index)
