@@ -10,6 +10,8 @@ Item {
     property real fraction: 0
     property color tint: Theme.accent
     property string name
+    // Whether it moves to a new part instead of jumping there.
+    property bool glides: false
     readonly property real part: fraction > 0 ? Math.min(fraction, 1) : 0
 
     implicitWidth: 100
@@ -29,10 +31,20 @@ Item {
 
     Rectangle {
         objectName: root.objectName + "Fill"
-        width: root.width * root.part
+        width: root.width * shown.value
         height: root.height
         radius: height / 2
         visible: width > 0
         color: root.tint
+    }
+
+    Spring {
+        id: shown
+
+        objectName: root.objectName + "Motion"
+        target: root.part
+        enabled: root.glides
+        response: 0.5
+        dampingFraction: 1
     }
 }

@@ -38,5 +38,6 @@ Item {
         height: 5
         name: root.disk.name
         fraction: root.disk.fraction
+        glides: true
     }
 }
