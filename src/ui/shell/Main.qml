@@ -49,6 +49,8 @@ Window {
 
             objectName: "divider"
             anchors { top: parent.top; bottom: parent.bottom }
+            // It can be pulled on both of its sides.
+            z: 1
             x: position - width / 2
             furthest: Math.max(200, Math.min(260, root.width - 680))
         }
