@@ -96,7 +96,11 @@ void WindowTest::fillBar() {
 }
 
 QQuickItem* WindowTest::find(const QString& objectName) {
-    return below(*window_->contentItem(), objectName);
+    return find(objectName, *window_);
+}
+
+QQuickItem* WindowTest::find(const QString& objectName, const QQuickWindow& in) {
+    return below(*in.contentItem(), objectName);
 }
 
 QQuickItem& WindowTest::item(const QString& objectName) {

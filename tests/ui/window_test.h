@@ -62,8 +62,9 @@ protected:
     [[nodiscard]] QQmlApplicationEngine& engine() { return *engine_; }
     [[nodiscard]] QQuickWindow& window() { return *window_; }
     [[nodiscard]] WindowModel& model() { return *model_; }
-    // The item on view of that objectName, or null.
+    // The item on view of that objectName, or null; in the main window or in another.
     [[nodiscard]] QQuickItem* find(const QString& objectName);
+    [[nodiscard]] static QQuickItem* find(const QString& objectName, const QQuickWindow& in);
     // The same; a missing one fails the test and stands for the window's content.
     [[nodiscard]] QQuickItem& item(const QString& objectName);
     // Where it lies in the window.
