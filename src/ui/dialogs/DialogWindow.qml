@@ -22,8 +22,15 @@ Window {
     visible: shown
     onClosing: dismissed()
     onVisibleChanged: takeKeyboard()
-    // Once what it depends on is on view.
-    onFirstChanged: Qt.callLater(takeKeyboard)
+    onFirstChanged: turn.restart()
+
+    // Once what the change depends on is on view.
+    Timer {
+        id: turn
+
+        interval: 0
+        onTriggered: root.takeKeyboard()
+    }
 
     // No focus scope itself, or it would tell that it has the keyboard beside the control that does.
     Item {

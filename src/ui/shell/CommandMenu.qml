@@ -70,25 +70,10 @@ Basic.Menu {
                 radius: 5
                 color: item.highlighted && item.enabled ? Theme.accent : Theme.clear
             }
-            contentItem: Item {
-                readonly property color ink: !item.enabled ? Theme.inkFaint
-                        : item.highlighted ? Theme.onAccent : Theme.ink
-
-                Words {
-                    id: label
-
-                    anchors.verticalCenter: parent.verticalCenter
-                    text: item.command.label
-                    color: parent.ink
-                    accessible: false
-                }
-                Words {
-                    anchors { right: parent.right; baseline: label.baseline }
-                    text: KeyNames.sequence(item.command.key ?? "")
-                    size: 12
-                    color: item.highlighted && item.enabled ? Theme.onAccent : Theme.inkFaint
-                    accessible: false
-                }
+            contentItem: CommandWords {
+                command: item.command
+                usable: item.enabled
+                marked: item.highlighted
             }
         }
     }

@@ -1,9 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic as Basic
 import Morvane.Components
-import Morvane.Theme
 import Morvane.Window
 
 // The bar of the commands, where the system keeps none outside the window.
@@ -12,18 +10,26 @@ Item {
 
     required property var shell
 
-    // The menu on view, or null.
-    property CommandMenu openMenu: null
-
-    // Opens the menu so many places on from one, around the end.
-    function step(place: int, steps: int) {
-        const count = entries.count
-        entries.itemAt((place + steps + count) % count).show()
+    // The entry at a place, counted on around the ends.
+    function at(place: int): MenuEntry {
+        return entries.itemAt((place + entries.count) % entries.count) as MenuEntry
     }
 
-    function go(place: int) {
-        const count = entries.count
-        entries.itemAt((place + count) % count).forceActiveFocus(Qt.TabFocusReason)
+    // Opens one menu in place of the one that is open.
+    function show(entry: MenuEntry) {
+        for (let place = 0; place < entries.count; ++place) {
+            if (at(place) !== entry)
+                at(place).close()
+        }
+        entry.open()
+    }
+
+    function isOpen(): bool {
+        for (let place = 0; place < entries.count; ++place) {
+            if (at(place).opened)
+                return true
+        }
+        return false
     }
 
     implicitHeight: 28
@@ -37,65 +43,19 @@ Item {
 
             model: root.shell.menus.length
 
-            delegate: Pressable {
+            delegate: MenuEntry {
                 id: entry
 
                 required property int index
+
                 objectName: "menu" + index
-                readonly property var items: root.shell.menus[index].items
-
-                implicitWidth: words.implicitWidth + 20
-                implicitHeight: 22
-                name: root.shell.menus[index].title
-                role: Accessible.MenuItem
-                // Inside, as there is no room around.
-                ringCorner: 5
-                ringDistance: -2
-                onActivated: menu.opened ? menu.close() : show()
+                content: root.shell.menus[index]
+                onActivated: opened ? close() : root.show(entry)
                 // While one menu is open, the pointer opens the next by coming to it.
-                onHoveredChanged: if (hovered && root.openMenu && root.openMenu !== menu) show()
-                Keys.onDownPressed: activate()
-                Keys.onLeftPressed: root.go(index - 1)
-                Keys.onRightPressed: root.go(index + 1)
-
-                function show() {
-                    if (root.openMenu)
-                        root.openMenu.close()
-                    forceActiveFocus(InputMode.keyboard ? Qt.TabFocusReason : Qt.MouseFocusReason)
-                    menu.open()
-                    // The keyboard begins at the first command, the pointer where it goes.
-                    menu.currentIndex = InputMode.keyboard ? 0 : -1
-                }
-
-                Rectangle {
-                    anchors.fill: parent
-                    radius: 5
-                    color: menu.opened || entry.hovered ? Theme.rowHover : Theme.clear
-                }
-                Words {
-                    id: words
-
-                    objectName: entry.objectName + "Words"
-                    anchors.centerIn: parent
-                    text: entry.name
-                    size: 12.5
-                    accessible: false
-                }
-                CommandMenu {
-                    id: menu
-
-                    y: entry.height + 2
-                    commands: entry.items
-                    onChosen: id => root.shell.press("menus.items", id)
-                    onWent: steps => root.step(entry.index, steps)
-                    onAboutToShow: root.openMenu = menu
-                    onAboutToHide: if (root.openMenu === menu) root.openMenu = null
-                    // A command takes the keyboard where it leads.
-                    onClosed: {
-                        if (InputMode.keyboard && !acted)
-                            entry.forceActiveFocus(Qt.TabFocusReason)
-                    }
-                }
+                onHoveredChanged: if (hovered && !opened && root.isOpen()) root.show(entry)
+                onChosen: id => root.shell.press("menus.items", id)
+                onWent: steps => root.at(index + steps).forceActiveFocus(Qt.TabFocusReason)
+                onWentOpen: steps => root.show(root.at(index + steps))
             }
         }
     }
