@@ -60,6 +60,7 @@ Preview::Preview(std::unique_ptr<folder::FolderPlatform> system, const PreviewOp
     windows_.setChooser([this](const Workspace::FolderPanel& panel, auto chosen) {
         smallWindows_->chooser.choose(panel, std::move(chosen));
     });
+    untimelyEnd_.emplace([this] { finishWithoutWindow(); });
     updater_ = std::make_unique<Updater>(updateService());
     screens_ = std::make_unique<screens::Screens>(screens::ScreenNeeds{*state_, *updater_, *this});
     model_ = std::make_unique<WindowModel>(*screens_, *state_, *updater_, *scope_);
@@ -88,7 +89,7 @@ Preview::~Preview() {
     windows_.setChooser(nullptr);
     smallWindows_.reset();
     const auto turnUntil = [](const auto& done) {
-        while (!done()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        while (!done()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     };
     turnUntil([this] { return !state_->isRemoving(); });
     state_->drop();
@@ -96,6 +97,15 @@ Preview::~Preview() {
     system_->processes().endAll();
     scope_->cancel();
     turnUntil([this] { return scope_->isEmpty() && state_->isIdle(); });
+    untimelyEnd_.reset();
+}
+
+// Nothing is drawn any more, and nothing asked of the window system that has gone.
+void Preview::finishWithoutWindow() {
+    state_->store().dropObservers();
+    executor_.runWithoutLoop([this] { return !state_->isRemoving(); });
+    system_->defaults().flush();
+    system_->processes().endAll();
 }
 
 UpdateService& Preview::updateService() {

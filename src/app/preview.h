@@ -8,6 +8,7 @@
 
 #include "app/options.h"
 #include "app/small_windows.h"
+#include "app/untimely_end.h"
 #include "app/window_memory.h"
 #include "core/app_state.h"
 #include "platform/folder/effect_file.h"
@@ -48,6 +49,7 @@ private:
     void followTray();
     void updateTray();
     void showMainWindow();
+    void finishWithoutWindow();
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     std::unique_ptr<folder::FolderPlatform> system_;
@@ -71,6 +73,7 @@ private:
     std::unique_ptr<WindowMemory> windowMemory_;
     TaskHandle startup_;
     Store::Subscription trayFollows_;
+    std::optional<UntimelyEnd> untimelyEnd_;
 };
 
 }  // namespace morvane

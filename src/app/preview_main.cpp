@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/end_signals.h"
 #include "app/preview.h"
 
 Q_IMPORT_QML_PLUGIN(Morvane_ThemePlugin)
@@ -38,6 +39,8 @@ int main(int count, char** words) {
     QApplication::setApplicationName(QStringLiteral("Morvane"));
     QApplication::setDesktopFileName(QStringLiteral("morvane-preview"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // Without asking the windows, one of which may lie in the tray.
+    const EndSignals endSignals([] { QCoreApplication::exit(0); });
     const Preview preview(std::move(std::get<0>(opened)), options, std::move(effects));
     if (!preview.isOpen()) return 1;
     return QApplication::exec();

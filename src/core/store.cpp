@@ -15,7 +15,7 @@ Store::Subscription Store::observe(Observer observer) {
 
 void Store::close() {
     state_->closed = true;
-    state_->observers.clear();
+    dropObservers();
 }
 
 void Store::fieldChanged(std::string_view name) {

@@ -37,7 +37,9 @@ public:
     };
     [[nodiscard]] Subscription observe(Observer observer);
 
-    // Observers hear nothing more, and persisted fields are not stored any more.
+    // Observers hear nothing more.
+    void dropObservers() { state_->observers.clear(); }
+    // The same, and persisted fields are not stored any more.
     void close();
     [[nodiscard]] bool isClosed() const { return state_->closed; }
 

@@ -67,6 +67,25 @@ TEST(QtExecutor, LetsTheWindowHaveItsTurnHoweverMuchIsPosted) {
     EXPECT_GT(before, 0);
 }
 
+TEST(QtExecutor, RunsWhatIsPostedAndWhatIsDueWithoutTheWindowsLoop) {
+    QtExecutor executor{RunningClock()};
+    std::vector<std::string> order;
+    bool isDone = false;
+    executor.post([&] {
+        order.emplace_back("posted");
+        executor.at(executor.now() + 1ms, [&] {
+            order.emplace_back("due");
+            std::thread([&] { executor.post([&] { isDone = true; }); }).join();
+        });
+    });
+    QTimer::singleShot(0, [&] { order.emplace_back("the window's"); });
+    executor.runWithoutLoop([&] { return isDone; });
+    EXPECT_THAT(order, ElementsAre("posted", "due"));
+    bool goesOn = false;
+    executor.post([&] { goesOn = true; });
+    turnUntil([&] { return goesOn; });
+}
+
 TEST(QtExecutor, LetsTheWindowHaveItsTurnHoweverManyTimersAreDue) {
     QtExecutor executor{RunningClock()};
     bool stops = false;

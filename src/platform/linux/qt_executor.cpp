@@ -53,6 +53,17 @@ void QtExecutor::watchTurns(std::function<void(std::chrono::nanoseconds)> watche
     turnWatcher_ = std::move(watcher);
 }
 
+void QtExecutor::runWithoutLoop(const std::function<bool()>& done) {
+    while (!done()) {
+        runDueTimers();
+        if (Work work = takePosted()) {
+            run(std::move(work));
+        } else {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+}
+
 bool QtExecutor::event(QEvent* event) {
     if (event->type() != wakeType()) return QObject::event(event);
     runPosted();
@@ -90,6 +101,14 @@ void QtExecutor::runPosted() {
         }
         run(std::move(work));
     }
+}
+
+QtExecutor::Work QtExecutor::takePosted() {
+    const std::lock_guard lock(mutex_);
+    if (queue_.empty()) return {};
+    Work work = std::move(queue_.front());
+    queue_.pop_front();
+    return work;
 }
 
 void QtExecutor::runDueTimers() {

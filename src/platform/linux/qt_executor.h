@@ -40,6 +40,10 @@ public:
         return std::this_thread::get_id() == mainThread_;
     }
 
+    // Runs what is posted and what is due until `done` says so, without the window's loop: for when
+    // that cannot turn any more.
+    void runWithoutLoop(const std::function<bool()>& done);
+
     // Told after each piece of work how long it took; for measuring what holds the window up.
     void watchTurns(std::function<void(std::chrono::nanoseconds)> watcher);
 
@@ -51,6 +55,7 @@ private:
     using Work = std::function<void()>;
 
     void runPosted();
+    [[nodiscard]] Work takePosted();
     void runDueTimers();
     void run(Work work);
     void armTimer();

@@ -46,7 +46,8 @@ private:
 
 std::shared_ptr<QSGTexture> sharedTexture(QQuickWindow& window, const QString& key,
                                           const std::function<QImage()>& paint) {
-    static Store store;
+    // Never torn down: where a library ends the process, a window's thread may still draw.
+    static Store& store = *std::make_unique<Store>().release();
     return store.texture(window, key, paint);
 }
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <thread>
+
+namespace morvane {
+
+// The libraries of a window system end the process by themselves when the display goes away, in the
+// middle of whatever they were called for and on whichever thread noticed. While this lives, what
+// must not be left half done is done before the process is gone; it ends with status 1, and nothing
+// else is torn down. At most one at a time; belongs to the main thread.
+class UntimelyEnd {
+public:
+    // `finish` runs on the main thread, without its loop.
+    explicit UntimelyEnd(std::function<void()> finish);
+    ~UntimelyEnd();
+    UntimelyEnd(const UntimelyEnd&) = delete;
+    UntimelyEnd& operator=(const UntimelyEnd&) = delete;
+
+private:
+    static void processEnds();
+    [[noreturn]] void finish();
+
+    std::function<void()> finish_;
+    std::thread::id mainThread_ = std::this_thread::get_id();
+};
+
+}  // namespace morvane
