@@ -12,6 +12,8 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Programs and libraries alike, so that they can share a precompiled header.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
 
 option(MORVANE_TESTS "build the tests" ON)
 option(MORVANE_BENCHMARKS "build the benchmarks" ON)
@@ -20,7 +22,10 @@ set(MORVANE_SANITIZE "" CACHE STRING "sanitizers, as -fsanitize takes them")
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  # What stands in a precompiled header is told apart by its content.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+    ${CCACHE_PROGRAM})
 endif()
 
 add_library(morvane_warnings INTERFACE)

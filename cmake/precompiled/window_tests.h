@@ -1,0 +1,5 @@
+// What most tests of the window include.
+#pragma once
+
+#include "tests.h"
+#include "window.h"
