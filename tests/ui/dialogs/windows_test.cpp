@@ -109,6 +109,60 @@ TEST_F(SmallWindowsOnView, ADoubleClickGoesIntoAFolder) {
     EXPECT_EQ(chooser->location(), QStringLiteral("/Users/sam/A"));
 }
 
+TEST_F(SmallWindowsOnView, TheKeyboardBeginsAtTheMainButtonOfANoteAndOfANotice) {
+    note.show("x-apple.systempreferences:com.apple.Notifications-Settings.extension");
+    settle();
+    activate();
+    EXPECT_EQ(focusedThere(), "linkClose");
+    keyThere(Qt::Key_Escape);
+    notice.show({.kind = UpdateMessage::Kind::found,
+                 .title = "t",
+                 .notes = "One\nTwo",
+                 .action = "Download",
+                 .dismiss = "Not Now"});
+    settle();
+    activate();
+    EXPECT_EQ(focusedThere(), "updateAction");
+    notice.show({.kind = UpdateMessage::Kind::downloading, .title = "t", .dismiss = "Cancel"});
+    settle();
+    EXPECT_EQ(focusedThere(), "updateClose");
+}
+
+TEST_F(SmallWindowsOnView, TheKeyboardComesBackToWhatOpenedASmallWindow) {
+    state->selection = SidebarItem::settings;
+    settle();
+    item(QStringLiteral("addFolder")).forceActiveFocus(Qt::TabFocusReason);
+    openChooser();
+    keyThere(Qt::Key_Escape);
+    window().requestActivate();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    settle();
+    EXPECT_EQ(focused(), QStringLiteral("addFolder"));
+}
+
+TEST_F(SmallWindowsOnView, TheReleaseNotesScrollByKeyboard) {
+    std::string notes;
+    for (int line = 0; line < 200; ++line) notes += "Line\n";
+    notice.show({.kind = UpdateMessage::Kind::found,
+                 .title = "t",
+                 .notes = notes,
+                 .action = "Download",
+                 .dismiss = "Not Now"});
+    settle();
+    activate();
+    QQuickItem* const text = find(QStringLiteral("updateNotes"), *small());
+    ASSERT_NE(text, nullptr);
+    text->forceActiveFocus(Qt::TabFocusReason);
+    const double before = text->mapToScene({0, 0}).y();
+    keyThere(Qt::Key_Down);
+    EXPECT_EQ(text->mapToScene({0, 0}).y(), before - 40);
+    keyThere(Qt::Key_Up);
+    keyThere(Qt::Key_Up);
+    EXPECT_EQ(text->mapToScene({0, 0}).y(), before);
+    keyThere(Qt::Key_PageDown);
+    EXPECT_LT(text->mapToScene({0, 0}).y(), before - 40);
+}
+
 TEST_F(SmallWindowsOnView, ANoteAndANoticeStandAndClose) {
     note.show("x-apple.systempreferences:com.apple.Notifications-Settings.extension");
     settle();
