@@ -59,6 +59,9 @@ Item {
                     font.family: Theme.family
                     font.pixelSize: 12
                     wrapMode: Text.Wrap
+                    // No more than the window has room for.
+                    elide: Text.ElideRight
+                    clip: Speech.piles(root.text)
                     color: Theme.ink
                     Accessible.ignored: true
                 }

@@ -36,6 +36,8 @@ Item {
     implicitWidth: Math.ceil(inner.implicitWidth / factor)
     implicitHeight: Math.ceil(inner.implicitHeight / factor - lineSpacing)
     baselineOffset: inner.baselineOffset / factor
+    // Only what needs it: each one is drawn by itself then.
+    clip: Speech.piles(root.text)
 
     Accessible.role: Accessible.StaticText
     Accessible.name: root.text

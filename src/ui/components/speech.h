@@ -11,6 +11,10 @@ namespace morvane {
 // for a name without it. With `keepsLines` line breaks stay.
 [[nodiscard]] QString shownText(const QString& text, bool keepsLines);
 
+// Whether a character of the text has more marks over or under it than any language sets, so that
+// they may stand higher than a line.
+[[nodiscard]] bool pilesUp(const QString& text);
+
 // What the controls tell an assistive client, and how they show a text that came from outside.
 class Speech : public QObject {
     Q_OBJECT
@@ -31,6 +35,8 @@ public:
 
     // See `shownText`.
     [[nodiscard]] Q_INVOKABLE QString shown(const QString& text, bool keepsLines) const;
+
+    [[nodiscard]] Q_INVOKABLE bool piles(const QString& text) const { return pilesUp(text); }
 
     // A fraction of 0 to 1 as a whole per cent, "40%".
     [[nodiscard]] Q_INVOKABLE QString percent(double fraction) const;

@@ -7,7 +7,7 @@ import Morvane.Theme
 Pressable {
     id: root
 
-    property var card
+    required property var card
 
     // An arrow asked for the card so many columns and rows on.
     signal moved(int columns, int rows)

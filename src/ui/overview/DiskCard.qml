@@ -8,7 +8,7 @@ import Morvane.Theme
 Card {
     id: root
 
-    property var disk
+    required property var disk
     property bool moves: true
 
     signal allowed()

@@ -11,7 +11,7 @@ FlowLayout {
 
     property string name
     property var segments: []
-    property var free
+    required property var free
 
     spacing: 20
     lineSpacing: 6

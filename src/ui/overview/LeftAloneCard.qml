@@ -7,7 +7,7 @@ import Morvane.Theme
 RoundedBox {
     id: root
 
-    property var card
+    required property var card
 
     implicitHeight: column.implicitHeight + 28
     radius: 14

@@ -9,7 +9,7 @@ Item {
 
     property string name
     property var cards: []
-    property var leftAlone
+    required property var leftAlone
     readonly property int columns: 3
     readonly property real gap: 12
     // The card that Tab comes to.

@@ -7,7 +7,7 @@ import Morvane.Window
 Item {
     id: root
 
-    property var card
+    required property var card
     property bool isOn: true
     readonly property Item mainButton: review
 

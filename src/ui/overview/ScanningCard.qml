@@ -8,7 +8,7 @@ import Morvane.Window
 Card {
     id: root
 
-    property var card
+    required property var card
     property bool isOn: true
     readonly property Item mainButton: button
     property bool moves: true

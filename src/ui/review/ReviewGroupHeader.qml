@@ -7,7 +7,7 @@ import Morvane.Theme
 FocusScope {
     id: root
 
-    property var group
+    required property var group
     property bool isCurrent: false
 
     signal toggled()

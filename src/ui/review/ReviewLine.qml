@@ -7,7 +7,7 @@ import Morvane.Theme
 Pressable {
     id: root
 
-    property var item
+    required property var item
     property bool isCurrent: false
     // How far the mark at the end is turned, 1 for an open row.
     property real turn: 0

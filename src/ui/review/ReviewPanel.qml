@@ -7,7 +7,7 @@ import Morvane.Theme
 Item {
     id: root
 
-    property var panel
+    required property var panel
     property string rowLabel
 
     signal revealed()

@@ -9,7 +9,7 @@ import Morvane.Theme
 FocusScope {
     id: root
 
-    property var item
+    required property var item
     property bool isCurrent: false
     property bool isFirst: false
     property bool isLast: false

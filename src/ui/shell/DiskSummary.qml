@@ -6,7 +6,7 @@ import Morvane.Theme
 Item {
     id: root
 
-    property var disk
+    required property var disk
 
     implicitHeight: name.height + 7 + track.height
 

@@ -8,7 +8,7 @@ import Morvane.Theme
 Column {
     id: root
 
-    property var section
+    required property var section
 
     signal chosen(string id)
     signal moved(Item row, int step)
