@@ -102,7 +102,19 @@ TEST(ShownText, MarksWhatWouldLeaveItsPlace) {
     EXPECT_EQ(shownText(QStringLiteral("a\nb\u2029c"), true), QStringLiteral("a\nb\u2423c"));
     EXPECT_EQ(shownText(QStringLiteral("photo\u202Egpj.app"), false),
               QStringLiteral("photo\u2423gpj.app"));
+    EXPECT_EQ(shownText(QStringLiteral("\u2066a\u2067b\u2069"), false),
+              QStringLiteral("\u2423a\u2423b\u2423"));
     EXPECT_EQ(shownText(QString(QChar(0)) + QChar(0x7F), false), QStringLiteral("\u2423\u2423"));
+}
+
+TEST(PilesUp, IsTrueOfMoreMarksThanALanguageSets) {
+    EXPECT_FALSE(pilesUp(QString()));
+    EXPECT_FALSE(pilesUp(QStringLiteral("plain é 名 👩‍👧")));
+    EXPECT_FALSE(pilesUp(QStringLiteral("e\u0302\u0301\u0323e\u0302\u0301\u0323")));
+    EXPECT_TRUE(pilesUp(QStringLiteral("e\u0302\u0301\u0323\u0301")));
+    EXPECT_TRUE(pilesUp(QStringLiteral("e") + QString(5'000, QChar(0x0301))));
+    EXPECT_TRUE(pilesUp(QStringLiteral("e\U0001D167\U0001D168\U0001D169\U0001D167")));
+    EXPECT_FALSE(pilesUp(QString(QChar(0xD834))));
 }
 
 TEST(Percent, IsWholeAndClamped) {

@@ -59,7 +59,7 @@ Item {
                     font.family: Theme.family
                     font.pixelSize: 12
                     wrapMode: Text.Wrap
-                    // No more than the window has room for.
+                    // The window has no room for more.
                     elide: Text.ElideRight
                     clip: Speech.piles(root.text)
                     color: Theme.ink
