@@ -38,10 +38,13 @@ TEST_F(ReviewListTest, HoldsThreeScreensOfRowsHoweverManyThereAre) {
     list_.setViewport(0, 600);
     list_.setGroups({group("A", "a", 10'000)});
     EXPECT_EQ(list_.contentHeight(), 4 + 44 + 420'000 + 20);
-    EXPECT_EQ(list_.rowCount(), 29);  // down to 1,200: a header and 28 rows
+    EXPECT_EQ(list_.rowCount(), 43);  // down to 1,800: a header and 42 rows
     list_.setViewport(200'000, 600);
     EXPECT_EQ(list_.rowCount(), 44);  // from 199,400 to 201,200
     EXPECT_EQ(key(0), "row:a4746");
+    list_.setViewport(419'468, 600);  // the end
+    EXPECT_EQ(list_.rowCount(), 43);  // from 418,268
+    EXPECT_EQ(key(0), "row:a9957");
 }
 
 TEST_F(ReviewListTest, KeepsTheRowsThatStayWhileItIsScrolled) {

@@ -78,10 +78,13 @@ void ReviewList::setViewport(double top, double height) {
 
 ReviewList::Range ReviewList::rangeOf(const ReviewLayout& layout) const {
     const std::vector<ReviewLayout::Entry>& entries = layout.entries();
-    Range range{.begin = layout.firstBelow(top_ - viewHeight_), .end = 0};
+    // At either end of the list the screens that would lie beyond it lie on its other side.
+    const double last = std::max(0.0, layout.height() - 3 * viewHeight_);
+    const double from = std::clamp(top_ - viewHeight_, 0.0, last);
+    Range range{.begin = layout.firstBelow(from), .end = 0};
     range.end = range.begin;
     while (range.end < std::ssize(entries) &&
-           entries[static_cast<std::size_t>(range.end)].top < top_ + 2 * viewHeight_) {
+           entries[static_cast<std::size_t>(range.end)].top < from + 3 * viewHeight_) {
         ++range.end;
     }
     return range;

@@ -13,7 +13,7 @@
 
 namespace morvane {
 
-// The rows of the review that are on view, or nearly: one screen more on either side, each with the
+// The rows of the review that are on view, or nearly: three screens of them in all, each with the
 // place where it stands. However many a scan found, no more than these exist for QML.
 class ReviewList final : public QAbstractListModel {
     Q_OBJECT
