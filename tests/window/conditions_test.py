@@ -26,7 +26,7 @@ class Conditions(WindowCase):
         path = disk / SETTINGS
         path.parent.mkdir(parents=True)
         (disk / "host.json").write_text(json.dumps({"home": "/Users/sam"}))
-        stored = {"hasOnboarded": True, "scanSchedule": "off", **settings}
+        stored = {"hasOnboarded": True, "scanSchedule": "Off", **settings}
         path.write_bytes(plistlib.dumps(stored, fmt=plistlib.FMT_BINARY))
         return disk
 
