@@ -3,8 +3,8 @@ import Morvane.Art
 import Morvane.Components
 import Morvane.Theme
 
-// The head of a group: all of its items at once.
-FocusScope {
+// The head of a group: all of its items at once. The keyboard is on the head itself, as on a row.
+Item {
     id: root
 
     required property var group
@@ -15,13 +15,22 @@ FocusScope {
     signal tookKeyboard()
 
     function takeKeyboard() {
-        check.forceActiveFocus(Qt.TabFocusReason)
+        root.forceActiveFocus(Qt.TabFocusReason)
     }
 
+    activeFocusOnTab: isCurrent || activeFocus
+    onActiveFocusChanged: if (activeFocus) tookKeyboard()
+
     Accessible.role: Accessible.ListItem
+    Accessible.focusable: true
+    Accessible.onPressAction: toggled()
     Accessible.name: group.label + ", " + group.count + " · " + group.size
     Keys.onUpPressed: moved(-1)
     Keys.onDownPressed: moved(1)
+    Keys.onSpacePressed: event => {
+        if (!event.isAutoRepeat)
+            root.toggled()
+    }
 
     // The strip fills the head of the card, whose corners are round above.
     Item {
@@ -45,7 +54,7 @@ FocusScope {
         anchors.verticalCenter: parent.verticalCenter
         state: root.group.state
         name: root.group.label
-        tabStop: root.isCurrent
+        tabStop: false
         onToggled: root.toggled()
         onActiveFocusChanged: if (activeFocus) root.tookKeyboard()
     }
@@ -84,5 +93,10 @@ FocusScope {
         text: root.group.size
         weight: Font.DemiBold
         accessible: false
+    }
+    FocusRing {
+        objectName: root.objectName + "Ring"
+        corner: 8
+        distance: -2
     }
 }

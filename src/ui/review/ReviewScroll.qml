@@ -71,7 +71,8 @@ Flickable {
             id: card
 
             required property int index
-            readonly property var place: root.list.cards[index]
+            // None for a card that is about to go.
+            readonly property var place: root.list.cards[index] ?? ({ y: 0, height: 0 })
 
             objectName: "group" + index + "Card"
             parent: root.contentItem
