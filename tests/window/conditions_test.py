@@ -116,6 +116,8 @@ class WhenItsTimeIsOver(Conditions):
         user.press("push button", "Sweep")
         user.press("push button", "Review & Sweep")
         user.press("push button", "Move to Trash")
+        wait_until(lambda: self.in_trash(disk) != self.before, "the first item in the Trash",
+                   alive=preview.process)
         return disk, preview
 
     def start_with_a_switch_turned(self, on, name):
