@@ -81,8 +81,9 @@ void AppState::addIgnoredFolders() {
         platform().home};
     scope_.start([](Self self, Workspace::FolderPanel shown) -> Task<void> {
         using Choice = std::optional<std::vector<std::filesystem::path>>;
-        const Choice chosen = co_await Answer<Choice>(
-            [&](auto answer) { self->platform().workspace.chooseFolders(shown, answer); });
+        const Choice chosen = co_await Answer<Choice>([&](auto answer) {
+            self->platform().workspace.chooseFolders(shown, std::move(answer));
+        });
         if (!chosen || co_await isCancelled()) co_return;
         std::vector<std::string> folders = adding(*self->ignoredFolders, *chosen);
         if (folders != *self->ignoredFolders) self->setIgnoredFolders(std::move(folders));

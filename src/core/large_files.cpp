@@ -24,6 +24,7 @@ double megabytesOf(const std::vector<LargeFile>& files) {
 
 std::vector<std::filesystem::path> pathsOf(const std::vector<std::string>& texts) {
     std::vector<std::filesystem::path> paths;
+    paths.reserve(texts.size());
     for (const std::string& text : texts) paths.push_back(pathFromText(text));
     return paths;
 }
@@ -133,6 +134,7 @@ Task<void> AppState::runTrashFiles(Self self, std::vector<LargeFile> selected) {
     const RemovalReport report =
         co_await background([self, &selected, how = disposal()](const StopToken&) {
             std::vector<RemovalTarget> targets;
+            targets.reserve(selected.size());
             for (const LargeFile& file : selected) targets.push_back(targetOf(file));
             return discard(self->needs_.remover, how, targets);
         });

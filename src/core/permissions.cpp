@@ -1,4 +1,5 @@
 #include <chrono>
+#include <utility>
 
 #include "core/app_state.h"
 #include "services/full_disk_access.h"
@@ -58,8 +59,8 @@ void AppState::requestNotifications() {
 Task<void> AppState::runRequestNotifications(Self self) {
     struct Asked {};
     co_await Answer<Asked>([self](std::function<void(Asked)> answer) {
-        self->platform().notifications.requestAuthorization(notificationOptions,
-                                                            [answer] { answer(Asked{}); });
+        self->platform().notifications.requestAuthorization(
+            notificationOptions, [told = std::move(answer)] { told(Asked{}); });
     });
     const PermissionStatus status = co_await readNotificationStatus(self->platform());
     if (co_await isCancelled()) co_return;

@@ -81,6 +81,7 @@ Task<void> AppState::runUninstall(Self self, InstalledApp app, std::vector<AppPa
                     unloadAgent(self->platform().processes, part.url);
                 }
             }
+            targets.reserve(parts.size());
             for (const AppPart& part : parts) targets.push_back(targetOf(part));
             return discard(self->needs_.remover, how, targets);
         });

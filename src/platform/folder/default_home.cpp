@@ -20,6 +20,8 @@ std::vector<std::string> namesIn(const DiskRoot& root, const std::filesystem::pa
     if (listing == nullptr) return {};
     std::ignore = opened->release();
     std::vector<std::string> names;
+    // One thread alone reads this listing, which is all that readdir asks for.
+    // NOLINTNEXTLINE(concurrency-mt-unsafe)
     while (const dirent* entry = ::readdir(listing.get())) names.emplace_back(entry->d_name);
     std::sort(names.begin(), names.end());
     return names;
