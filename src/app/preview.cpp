@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QStandardPaths>
+#include <utility>
 
 #include "ui/art/app_logo.h"
 #include "ui/theme/theme.h"
@@ -137,6 +138,9 @@ void Preview::openWindow() {
     window_->installEventFilter(this);
     windowMemory_ = std::make_unique<WindowMemory>(*window_, system_->defaults());
     if (!smallWindows_->load(*engine_, *window_)) qWarning("the small windows could not be made");
+    // With the first frame the drawing libraries are all there.
+    connect(window_, &QQuickWindow::frameSwapped, this, &UntimelyEnd::comeFirst,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     window_->show();
 }
 
@@ -159,7 +163,11 @@ void Preview::followTray() {
     connect(&tray_, &linuxdesktop::Tray::isPresentChanged, this, [this] {
         if (!tray_.isOnView() && !window_->isVisible()) showMainWindow();
     });
-    trayFollows_ = state_->store().observe([this](const ChangedFields&) { updateTray(); });
+    trayFollows_ = state_->store().observe([this](const ChangedFields&) {
+        updateTray();
+        if (std::exchange(isRemoving_, state_->isRemoving()) || !isRemoving_) return;
+        UntimelyEnd::comeFirst();
+    });
     updateTray();
 }
 

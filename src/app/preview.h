@@ -73,6 +73,7 @@ private:
     std::unique_ptr<WindowMemory> windowMemory_;
     TaskHandle startup_;
     Store::Subscription trayFollows_;
+    bool isRemoving_ = false;  // as it was told last
     std::optional<UntimelyEnd> untimelyEnd_;
 };
 

@@ -11,24 +11,37 @@ namespace morvane {
 
 namespace {
 
-// How long a thread that noticed first waits for the main one, which may be waiting for it in turn.
-constexpr std::chrono::seconds patience{5};
+// How long the thread that noticed first waits for the main one to answer. The main loop's turns
+// are far shorter.
+constexpr std::chrono::seconds patience{2};
 
 std::atomic<UntimelyEnd*> present = nullptr;
-std::atomic<bool> isFinishing = false;
+std::atomic<std::thread::id> finishing;  // the thread that does, once one does
+
+bool isFinishing() {
+    return finishing.load() != std::thread::id();
+}
+
+void wait() {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
 
 }  // namespace
 
 UntimelyEnd::UntimelyEnd(std::function<void()> finish) : finish_(std::move(finish)) {
     present = this;
-    // Twice: each is called once, and both another thread and the main one may end the process.
-    static const bool isRegistered =
-        std::atexit(&processEnds) == 0 && std::atexit(&processEnds) == 0;
-    (void)isRegistered;
+    comeFirst();
 }
 
 UntimelyEnd::~UntimelyEnd() {
     present = nullptr;
+}
+
+void UntimelyEnd::comeFirst() {
+    // Twice: each is called once, and both another thread and the main one may end the process.
+    // Without room for them the process ends as it would without this.
+    (void)std::atexit(&processEnds);
+    (void)std::atexit(&processEnds);
 }
 
 void UntimelyEnd::processEnds() {
@@ -39,15 +52,19 @@ void UntimelyEnd::processEnds() {
         QMetaObject::invokeMethod(application, [end] { end->finish(); }, Qt::QueuedConnection);
     }
     const auto latest = std::chrono::steady_clock::now() + patience;
-    while (isFinishing || std::chrono::steady_clock::now() < latest) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    std::_Exit(EXIT_FAILURE);
+    while (!isFinishing() && std::chrono::steady_clock::now() < latest) wait();
+    end->finish();
 }
 
 void UntimelyEnd::finish() {
-    // It may come about once more by what is done meanwhile, and then there is nothing to add.
-    if (!isFinishing.exchange(true)) finish_();
+    const std::thread::id own = std::this_thread::get_id();
+    std::thread::id nobody;
+    if (finishing.compare_exchange_strong(nobody, own)) {
+        finish_();
+    } else {
+        // What is done meanwhile may end the process once more, and then there is nothing to add.
+        while (finishing.load() != own) wait();
+    }
     std::_Exit(EXIT_FAILURE);
 }
 

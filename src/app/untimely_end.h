@@ -11,11 +11,16 @@ namespace morvane {
 // else is torn down. At most one at a time; belongs to the main thread.
 class UntimelyEnd {
 public:
-    // `finish` runs on the main thread, without its loop.
+    // `finish` runs without the main loop, on the main thread. Only where that does not answer,
+    // since it waits for the thread that ends the process, it runs on that one in its place.
     explicit UntimelyEnd(std::function<void()> finish);
     ~UntimelyEnd();
     UntimelyEnd(const UntimelyEnd&) = delete;
     UntimelyEnd& operator=(const UntimelyEnd&) = delete;
+
+    // What was made, or begun by a library, since this was made or last called would be torn down
+    // first, under threads that use it still. From here on it is not.
+    static void comeFirst();
 
 private:
     static void processEnds();

@@ -78,6 +78,26 @@ TEST(UntimelyEnd, FinishesWhereBothEndTheProcess) {
         testing::ExitedWithCode(1), "^finished\n$");
 }
 
+TEST(UntimelyEnd, FinishesInThePlaceOfAMainThreadThatWaitsForTheOther) {
+    EXPECT_EXIT(
+        {
+            const UntimelyEnd end([] { say("finished\n"); });
+            std::thread([] { std::exit(0); }).join();
+        },
+        testing::ExitedWithCode(1), "^finished\n$");
+}
+
+TEST(UntimelyEnd, TearsNothingDownThatWasMadeBeforeItCameFirstAgain) {
+    EXPECT_EXIT(
+        {
+            const UntimelyEnd end([] { say("finished\n"); });
+            makeForGood();
+            UntimelyEnd::comeFirst();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(1), "^finished\n$");
+}
+
 TEST(UntimelyEnd, AddsNothingOnceItHasGone) {
     EXPECT_EXIT(
         {

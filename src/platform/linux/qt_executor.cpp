@@ -54,6 +54,7 @@ void QtExecutor::watchTurns(std::function<void(std::chrono::nanoseconds)> watche
 }
 
 void QtExecutor::runWithoutLoop(const std::function<bool()>& done) {
+    mainThread_ = std::this_thread::get_id();
     while (!done()) {
         runDueTimers();
         if (Work work = takePosted()) {

@@ -2,6 +2,7 @@
 
 #include <QtCore/QBasicTimer>
 #include <QtCore/QObject>
+#include <atomic>
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -41,7 +42,8 @@ public:
     }
 
     // Runs what is posted and what is due until `done` says so, without the window's loop: for when
-    // that cannot turn any more.
+    // that cannot turn any more. The calling thread is the main one from here on; the former one
+    // does nothing with this any more.
     void runWithoutLoop(const std::function<bool()>& done);
 
     // Told after each piece of work how long it took; for measuring what holds the window up.
@@ -62,7 +64,7 @@ private:
 
     Clock clock_;
     std::chrono::milliseconds longestWait_;
-    std::thread::id mainThread_ = std::this_thread::get_id();
+    std::atomic<std::thread::id> mainThread_ = std::this_thread::get_id();
 
     std::mutex mutex_;
     std::deque<Work> queue_;
