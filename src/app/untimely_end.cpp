@@ -11,10 +11,6 @@ namespace morvane {
 
 namespace {
 
-// How long the thread that noticed first waits for the main one to answer. The main loop's turns
-// are far shorter.
-constexpr std::chrono::seconds patience{2};
-
 std::atomic<UntimelyEnd*> present = nullptr;
 std::atomic<std::thread::id> finishing;  // the thread that does, once one does
 
@@ -28,7 +24,8 @@ void wait() {
 
 }  // namespace
 
-UntimelyEnd::UntimelyEnd(std::function<void()> finish) : finish_(std::move(finish)) {
+UntimelyEnd::UntimelyEnd(std::function<void()> finish, std::chrono::milliseconds patience)
+    : finish_(std::move(finish)), patience_(patience) {
     present = this;
     comeFirst();
 }
@@ -51,7 +48,7 @@ void UntimelyEnd::processEnds() {
     if (QCoreApplication* const application = QCoreApplication::instance()) {
         QMetaObject::invokeMethod(application, [end] { end->finish(); }, Qt::QueuedConnection);
     }
-    const auto latest = std::chrono::steady_clock::now() + patience;
+    const auto latest = std::chrono::steady_clock::now() + end->patience_;
     while (!isFinishing() && std::chrono::steady_clock::now() < latest) wait();
     end->finish();
 }

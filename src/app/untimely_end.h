@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <thread>
 
@@ -11,9 +12,12 @@ namespace morvane {
 // else is torn down. At most one at a time; belongs to the main thread.
 class UntimelyEnd {
 public:
-    // `finish` runs without the main loop, on the main thread. Only where that does not answer,
-    // since it waits for the thread that ends the process, it runs on that one in its place.
-    explicit UntimelyEnd(std::function<void()> finish);
+    // `finish` runs without the main loop, on the main thread. Only where that does not answer for
+    // so long, since it waits for the thread that ends the process, it runs on that one in its
+    // place. The main loop's turns are far shorter, even one that puts very much back, and nobody
+    // sees the program wait.
+    explicit UntimelyEnd(std::function<void()> finish,
+                         std::chrono::milliseconds patience = std::chrono::seconds(20));
     ~UntimelyEnd();
     UntimelyEnd(const UntimelyEnd&) = delete;
     UntimelyEnd& operator=(const UntimelyEnd&) = delete;
@@ -27,6 +31,7 @@ private:
     [[noreturn]] void finish();
 
     std::function<void()> finish_;
+    std::chrono::milliseconds patience_;
     std::thread::id mainThread_ = std::this_thread::get_id();
 };
 

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -81,7 +82,7 @@ TEST(UntimelyEnd, FinishesWhereBothEndTheProcess) {
 TEST(UntimelyEnd, FinishesInThePlaceOfAMainThreadThatWaitsForTheOther) {
     EXPECT_EXIT(
         {
-            const UntimelyEnd end([] { say("finished\n"); });
+            const UntimelyEnd end([] { say("finished\n"); }, std::chrono::milliseconds(200));
             std::thread([] { std::exit(0); }).join();
         },
         testing::ExitedWithCode(1), "^finished\n$");
