@@ -60,8 +60,9 @@ TEST(EndingATool, ForcesTheWholeGroupTwoSecondsLater) {
     const Alive child(disk.folder() / "child");
     disk.script("/usr/bin/tool",
                 "trap '' TERM\n"
-                "sh -c 'while :; do :; done' >/dev/null 3>$MORVANE_DISK/child &\n"
-                "echo ready > $MORVANE_DISK/gate; while :; do :; done");
+                "exec 3>$MORVANE_DISK/child\n"
+                "sh -c 'while :; do :; done' >/dev/null &\n"
+                "exec 3>&-; echo ready > $MORVANE_DISK/gate; while :; do :; done");
     const auto begun = Clock::now();
     const auto result = runUntilReady(disk, "/usr/bin/tool");
     ASSERT_TRUE(result.has_value());
@@ -74,8 +75,9 @@ TEST(EndingATool, LeavesNoChildOfOneThatWasCutShort) {
     ToolDisk disk;
     const Alive child(disk.folder() / "child");
     disk.script("/usr/bin/tool",
-                "sleep 1000 >/dev/null 3>$MORVANE_DISK/child &\n"
-                "echo ready > $MORVANE_DISK/gate; exec sleep 1000");
+                "exec 3>$MORVANE_DISK/child\n"
+                "sleep 1000 >/dev/null &\n"
+                "exec 3>&-; echo ready > $MORVANE_DISK/gate; exec sleep 1000");
     const auto result = runUntilReady(disk, "/usr/bin/tool");
     ASSERT_TRUE(result.has_value());
     EXPECT_EQ(result->status, 143);
