@@ -21,6 +21,8 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/preview.h"
 #include "ui/window/window_model.h"
@@ -111,7 +113,16 @@ public:
 
     // Prints what has passed since the last line.
     void tell(const char* stage) {
-        std::vector<Turn> turns = application_.takeTurns();
+        keep();
+        tellKept(stage);
+    }
+    // What is kept is told together, apart from what comes after it.
+    void keep() {
+        const std::vector<Turn> turns = application_.takeTurns();
+        kept_.insert(kept_.end(), turns.begin(), turns.end());
+    }
+    void tellKept(const char* stage) {
+        std::vector<Turn> turns = std::exchange(kept_, {});
         std::vector<std::chrono::nanoseconds> drawing = frames_.takeDrawing();
         if (turns.empty()) turns.emplace_back();
         std::sort(drawing.begin(), drawing.end());
@@ -155,6 +166,7 @@ private:
     bench::WatchedApplication& application_;
     QQuickWindow& window_;
     bench::FrameWatch frames_;
+    std::vector<Turn> kept_;
 };
 
 void scroll(User& user) {
@@ -176,13 +188,17 @@ void walk(User& user) {
     user.wait(500ms);
     user.tell("first sight of a scan");
     const auto begin = std::chrono::steady_clock::now();
-    for (int turn = 0; !seen("category0"); ++turn) {
+    for (int turn = 0;; ++turn) {
         user.move({40 + turn % 1000, 60 + turn % 600});
         user.wait(20ms);
+        if (seen("category0")) break;
+        user.keep();
     }
-    std::printf("scanned in %.1f s\n",
-                std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
-    user.tell("during a scan");
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    std::printf("scanned in %.1f s\n", took.count());
+    user.tellKept("during a scan");
+    user.wait(500ms);
+    user.tell("first sight of the results");
     user.rest("at rest after it");
 
     user.click("category0");
