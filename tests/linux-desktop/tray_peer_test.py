@@ -68,7 +68,7 @@ class WithTrayer(PeerCase):
             self.desktop.end(tray)
             # A press that went beside may still have been told of meanwhile.
             self.assertEqual(next_other_than("activated", probe), "no tray")
-            self.assertIsNone(self.icon())
+            wait_until(lambda: self.icon() is None, "no icon")
         self.assertTrue(probe.is_well())
 
 

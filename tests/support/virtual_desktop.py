@@ -31,6 +31,8 @@ import time
 
 # Long enough for a machine that is busy with other things; nothing waits it out that goes well.
 PATIENCE = 120
+# After that long a key counts as lost.
+SECONDS_A_KEY_MAY_TAKE = 5
 
 PR_SET_PDEATHSIG = 1
 PR_SET_CHILD_SUBREAPER = 36
@@ -145,6 +147,30 @@ class VirtualDesktop:
         if process.returncode != 0:
             raise DesktopError("%s ended with %s: %s" % (command, process.returncode, output))
         return subprocess.CompletedProcess(process.args, process.returncode, output)
+
+    def title(self):
+        """The title of the window in front; nothing where there is none."""
+        told = self.start(["xdotool", "getactivewindow", "getwindowname"], text=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        title = told.communicate()[0].strip()
+        self._processes.remove(told)
+        return title
+
+    def press_until(self, key, holds, what, alive=None):
+        """Presses a key until `holds()`, and returns its first true value. A window manager that is
+        just told of another keyboard listens for none of its keys, so one press may be lost."""
+        def pressed():
+            self.run(["xdotool", "key", key])
+            end = time.monotonic() + SECONDS_A_KEY_MAY_TAKE
+            while True:
+                value = holds()
+                if value or time.monotonic() > end:
+                    return value
+                if alive is not None and alive.poll() is not None:
+                    return None  # as the wait for it says
+                time.sleep(0.02)
+
+        return wait_until(pressed, what, alive=alive)
 
     def end(self, process):
         """Ends a program that `start` started, and returns once it is gone."""

@@ -44,16 +44,13 @@ class Conditions(WindowCase):
         return process, path
 
     def await_title(self, on, title, process):
-        wait_until(lambda: self.title(on) == title, "the window " + title, alive=process)
+        wait_until(lambda: on.title() == title, "the window " + title, alive=process)
 
     @staticmethod
     def xdotool(on, *words):
         """What it says, also where it finds no window."""
         return subprocess.run(["xdotool", *words], text=True, env=on.environment,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
-
-    def title(self, on):
-        return self.xdotool(on, "getactivewindow", "getwindowname").strip()
 
     def windows(self, on, process):
         """The place of each of its windows on view: x, y, width, height."""
@@ -73,12 +70,11 @@ class Conditions(WindowCase):
         return found[0]
 
     def key(self, on, key, title, process):
-        on.run(["xdotool", "key", key])
-        self.await_title(on, title, process)
+        on.press_until(key, lambda: on.title() == title, "the window " + title, alive=process)
 
     def close(self, on, process):
-        on.run(["xdotool", "key", "alt+F4"])
-        self.assertEqual(process.wait(PATIENCE), 0)
+        on.press_until("alt+F4", lambda: process.poll() is not None, "the end of the program")
+        self.assertEqual(process.returncode, 0)
 
     def look_around_and_close(self, on, process):
         self.key(on, "ctrl+comma", "Settings", process)
@@ -191,8 +187,8 @@ class WithATray(Conditions):
         wait_until(lambda: self.icon(on, process), "the icon in the tray", alive=process)
 
     def close_to_tray(self, on, process):
-        on.run(["xdotool", "key", "alt+F4"])
-        wait_until(lambda: self.title(on) != "Overview", "the window closed", alive=process)
+        on.press_until("alt+F4", lambda: on.title() != "Overview", "the window closed",
+                       alive=process)
 
     def test_StaysInTheTrayAndComesBackFromIt(self):
         on = self.start_desktop()
@@ -205,7 +201,7 @@ class WithATray(Conditions):
             x, y = wait_until(lambda: self.icon(on, process), "the icon in the tray", alive=process)
             # A tray that has just come moves its icons yet, and then a press goes beside.
             on.run(["xdotool", "mousemove", x, y, "click", "1"])
-            return self.title(on) == "Overview"
+            return on.title() == "Overview"
 
         wait_until(is_back, "the window again", alive=process)
         process.terminate()

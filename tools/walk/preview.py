@@ -1,7 +1,6 @@
 """The program in its window, on a desktop of its own."""
 
 import pathlib
-import subprocess
 import sys
 import time
 
@@ -38,6 +37,8 @@ class Preview:
         try:
             self._application = wait_until(lambda: self._bus.application(self.process.pid),
                                            "the window's accessible tree", alive=self.process)
+            # Before, a key would go nowhere.
+            wait_until(on.title, "the window in front", alive=self.process)
         except DesktopError as error:
             raise DesktopError("%s\n%s" % (error, self.said())) from None
 
@@ -89,23 +90,8 @@ class Preview:
         """What it has written to standard error."""
         return self.errors.read_text(errors="replace")
 
-    def _is_on_view(self):
-        found = subprocess.run(
-            ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
-            env=self.desktop.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        return bool(found.stdout.strip())
-
     def close(self):
         """Closes the window by the window manager's key, and returns the program's exit status."""
-        def is_gone():
-            # A busy window manager now and then misses a key; a window that has gone gets no other.
-            if self._is_on_view():
-                self.desktop.run(["xdotool", "key", "alt+F4"])
-            try:
-                self.process.wait(5)
-            except subprocess.TimeoutExpired:
-                return False
-            return True
-
-        wait_until(is_gone, "the end of the program")
+        self.desktop.press_until("alt+F4", lambda: self.process.poll() is not None,
+                                 "the end of the program")
         return self.process.returncode
