@@ -59,6 +59,7 @@ Item {
         kind: "done"
         told: root.screen.card
         fades: root.moves
+        keeps: true
         onLeftWithFocus: focusing.start()
         delegate: ResultsView {
             width: root.width

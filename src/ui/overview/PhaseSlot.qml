@@ -1,8 +1,9 @@
 import QtQuick
 import Morvane.Theme
 
-// The place of one phase's card. The card is there while its phase lasts; what fades out after
-// that is a picture of it, which nobody can press and no assistive client reads.
+// The place of one phase's card. The card is there while its phase lasts, or with `keeps` from its
+// first time on; what fades out after that is a picture of it, which nobody can press and no
+// assistive client reads.
 FocusScope {
     id: root
 
@@ -13,6 +14,8 @@ FocusScope {
     // An item with `mainButton`, the control that the keyboard goes to.
     readonly property var card: cards.count > 0 ? cards.itemAt(0) : null
     property bool fades: true
+    // For a card that is dear to make.
+    property bool keeps: false
     // Set after `content`, so that the card never shows what was told of an earlier time.
     property bool isOn: false
     // The last that was told of this phase.
@@ -48,7 +51,7 @@ FocusScope {
     Repeater {
         id: cards
 
-        model: root.content !== null && (root.isOn || fade.value > 0) ? 1 : 0
+        model: root.content !== null && (root.keeps || root.isOn || fade.value > 0) ? 1 : 0
     }
 
     Binding {

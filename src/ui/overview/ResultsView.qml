@@ -16,6 +16,8 @@ Item {
     signal chosen(string id)
 
     implicitHeight: head.height + 16 + grid.implicitHeight
+    // Other results begin at their first card.
+    onIsOnChanged: grid.current = 0
 
     Item {
         id: head

@@ -81,6 +81,21 @@ TEST_F(Overview, CardsAreOneTabStopWithArrowsInside) {
     EXPECT_EQ(*state->selection, SidebarItem::developer);
 }
 
+TEST_F(Overview, OtherResultsStandThereAtOnceAndBeginAtTheirFirstCard) {
+    show(ScanPhase::done);
+    EXPECT_EQ(item(QStringLiteral("category0Amount")).property("text"), "3.0 GB");
+    item(QStringLiteral("category4")).forceActiveFocus(Qt::TabFocusReason);
+    show(ScanPhase::scanning);
+    EXPECT_EQ(find(QStringLiteral("category0")), nullptr);
+    state->crumbItems = {trashItem("Caches", Safety::safe, 1'000'000'000)};
+    state->scanPhase = ScanPhase::done;
+    settle();
+    EXPECT_EQ(item(QStringLiteral("category0Amount")).property("text"), "1.0 GB");
+    item(QStringLiteral("resultsReview")).forceActiveFocus(Qt::TabFocusReason);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QLatin1String("category0"));
+}
+
 TEST_F(Overview, TheKeyboardGoesOnInTheNextCard) {
     item(QStringLiteral("idleButton")).forceActiveFocus(Qt::TabFocusReason);
     show(ScanPhase::scanning);
