@@ -164,6 +164,9 @@ public:
 
     // ---- Selection (selection.cpp)
     [[nodiscard]] std::vector<CleanupItem> sweepItems() const;
+    // What `sweepItems` holds, where it stands: no copy is made of what may be very many. Each
+    // lives until its list changes.
+    [[nodiscard]] std::vector<const CleanupItem*> sweepItemsInPlace() const;
     [[nodiscard]] std::vector<CleanupItem> devItems() const;
     [[nodiscard]] std::vector<SweepGroup> sweepGroups() const;
     [[nodiscard]] std::set<std::string> safeSelection() const;

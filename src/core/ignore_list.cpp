@@ -66,7 +66,7 @@ void AppState::ignoredFoldersChanged(const std::vector<std::string>& former) {
     }
     applyIgnoreList(folders);
     std::set<std::string> known;
-    for (const CleanupItem& item : sweepItems()) known.insert(item.id);
+    for (const CleanupItem* item : sweepItemsInPlace()) known.insert(item->id);
     for (const CleanupItem& item : devItems()) known.insert(item.id);
     sweepSelection = among(*sweepSelection, known);
     devSelection = among(*devSelection, known);

@@ -70,7 +70,7 @@ std::vector<InstalledApp> withoutIgnored(std::vector<InstalledApp> apps,
 std::set<std::string> safeIDs(const std::vector<CleanupItem>& items) {
     std::set<std::string> ids;
     for (const CleanupItem& item : items) {
-        if (item.safety != Safety::review) ids.insert(item.id);
+        if (!needsReview(item)) ids.insert(item.id);
     }
     return ids;
 }

@@ -1,17 +1,32 @@
 #include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 #include "core/app_state.h"
-#include "core/ignore_rules.h"
 
 namespace morvane {
 
 namespace {
 
-std::set<std::string> idsOf(const std::vector<CleanupItem>& items) {
+std::vector<const CleanupItem*> safeOnes(std::vector<const CleanupItem*> items) {
+    std::erase_if(items, [](const CleanupItem* item) { return needsReview(*item); });
+    return items;
+}
+
+// Whether the ids of `items` are exactly `ids`.
+bool areExactly(const std::vector<const CleanupItem*>& items, const std::set<std::string>& ids) {
+    std::unordered_set<std::string_view> own;
+    for (const CleanupItem* item : items) own.insert(item->id);
+    return own.size() == ids.size() &&
+           std::all_of(ids.begin(), ids.end(),
+                       [&](const std::string& id) { return own.contains(id); });
+}
+
+std::set<std::string> idsOf(const std::vector<const CleanupItem*>& items) {
     std::set<std::string> ids;
-    for (const CleanupItem& item : items) ids.insert(item.id);
+    for (const CleanupItem* item : items) ids.insert(item->id);
     return ids;
 }
 
@@ -28,11 +43,17 @@ void toggle(Observable<std::set<std::string>>& ids, const std::string& id) {
 
 }  // namespace
 
+std::vector<const CleanupItem*> AppState::sweepItemsInPlace() const {
+    std::vector<const CleanupItem*> items;
+    for (const auto* list : {&crumbItems, &downloadItems, &leftoverItems, &backupItems}) {
+        for (const CleanupItem& item : **list) items.push_back(&item);
+    }
+    return items;
+}
+
 std::vector<CleanupItem> AppState::sweepItems() const {
     std::vector<CleanupItem> items;
-    for (const auto* list : {&crumbItems, &downloadItems, &leftoverItems, &backupItems}) {
-        items.insert(items.end(), list->get().begin(), list->get().end());
-    }
+    for (const CleanupItem* item : sweepItemsInPlace()) items.push_back(*item);
     return items;
 }
 
@@ -50,24 +71,27 @@ std::vector<SweepGroup> AppState::sweepGroups() const {
                                    {"Downloads", "arrow.down.to.line", *downloadItems},
                                    {"App Leftovers", "shippingbox", *leftoverItems},
                                    {"iPhone Backups", "iphone", *backupItems}};
-    std::erase_if(groups, [](const SweepGroup& group) { return group.items.empty(); });
+    std::erase_if(groups, [](const SweepGroup& group) { return group.items.get().empty(); });
     return groups;
 }
 
 std::set<std::string> AppState::safeSelection() const {
-    return safeIDs(sweepItems());
+    return idsOf(safeOnes(sweepItemsInPlace()));
 }
 
 double AppState::safeMB() const {
     double sum = 0;
-    for (const CleanupItem& item : sweepItems()) {
-        if (item.safety != Safety::review) sum += static_cast<double>(item.bytes) / 1e6;
-    }
+    for (const CleanupItem* item : safeOnes(sweepItemsInPlace()))
+        sum += static_cast<double>(item->bytes) / 1e6;
     return sum;
 }
 
 std::vector<CleanupItem> AppState::selectedSweepItems() const {
-    return chosen(sweepItems(), *sweepSelection);
+    std::vector<CleanupItem> items;
+    for (const CleanupItem* item : sweepItemsInPlace()) {
+        if (sweepSelection->contains(item->id)) items.push_back(*item);
+    }
+    return items;
 }
 
 std::vector<CleanupItem> AppState::selectedDevItems() const {
@@ -76,8 +100,8 @@ std::vector<CleanupItem> AppState::selectedDevItems() const {
 
 std::optional<SweepPreset> AppState::activePreset() const {
     if (sweepSelection->empty()) return SweepPreset::nothing;
-    if (*sweepSelection == safeSelection()) return SweepPreset::safe;
-    if (sweepSelection->size() == sweepItems().size()) return SweepPreset::all;
+    if (areExactly(safeOnes(sweepItemsInPlace()), *sweepSelection)) return SweepPreset::safe;
+    if (sweepSelection->size() == sweepItemsInPlace().size()) return SweepPreset::all;
     return std::nullopt;
 }
 
@@ -87,7 +111,7 @@ void AppState::applyPreset(SweepPreset preset) {
             sweepSelection = safeSelection();
             break;
         case SweepPreset::all:
-            sweepSelection = idsOf(sweepItems());
+            sweepSelection = idsOf(sweepItemsInPlace());
             break;
         case SweepPreset::nothing:
             sweepSelection = std::set<std::string>{};
@@ -96,11 +120,11 @@ void AppState::applyPreset(SweepPreset preset) {
 }
 
 CheckState AppState::checkState(const SweepGroup& group) const {
-    const auto count =
-        std::count_if(group.items.begin(), group.items.end(),
-                      [&](const CleanupItem& item) { return sweepSelection->contains(item.id); });
-    if (count == 0) return CheckState::off;
-    return count == std::ssize(group.items) ? CheckState::on : CheckState::mixed;
+    const std::vector<CleanupItem>& items = group.items;
+    const auto count = std::count_if(items.begin(), items.end(), [&](const CleanupItem& item) {
+        return sweepSelection->contains(item.id);
+    });
+    return morvane::checkState(count, std::ssize(items));
 }
 
 void AppState::toggleSweepItem(const std::string& id) {
@@ -115,7 +139,7 @@ void AppState::toggleExpanded(const std::string& id) {
 
 void AppState::toggleGroup(const SweepGroup& group, CheckState state) {
     sweepSelection.update([&](std::set<std::string>& ids) {
-        for (const CleanupItem& item : group.items) {
+        for (const CleanupItem& item : group.items.get()) {
             if (state == CheckState::on) {
                 ids.erase(item.id);
             } else {

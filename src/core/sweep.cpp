@@ -43,7 +43,7 @@ Task<void> AppState::runSweep(Self self, std::vector<CleanupItem> items,
 
 void AppState::sweepFromMenuBar() {
     std::vector<CleanupItem> items = sweepItems();
-    std::erase_if(items, [](const CleanupItem& item) { return item.safety == Safety::review; });
+    std::erase_if(items, needsReview);
     if (items.empty() || *isSweeping) return;
     menuBarSweptMB = 0;
     menuBarPhase = MenuBarPhase::sweeping;

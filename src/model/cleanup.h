@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -59,6 +61,11 @@ struct CleanupItem {
     bool operator==(const CleanupItem&) const = default;
 };
 
+// Whether the item is left for the user to look at, and never chosen by itself.
+[[nodiscard]] inline bool needsReview(const CleanupItem& item) {
+    return item.safety == Safety::review;
+}
+
 // The parts of a `trash` item; null for a `command` item.
 [[nodiscard]] inline const std::vector<CleanupPart>* trashParts(const CleanupItem& item) {
     const auto* action = std::get_if<TrashAction>(&item.action);
@@ -80,16 +87,25 @@ struct DevSection {
     bool operator==(const DevSection&) const = default;
 };
 
-// A titled group of the review screen; `name` is its identity.
+// A titled group of the review screen; `name` is its identity. `items` is the store's own list, as
+// it stands whenever it is looked at, and lives as long as the store.
 struct SweepGroup {
     std::string name;
     std::string icon;
-    std::vector<CleanupItem> items;
+    std::reference_wrapper<const std::vector<CleanupItem>> items;
 
-    bool operator==(const SweepGroup&) const = default;
+    bool operator==(const SweepGroup& other) const {
+        return name == other.name && icon == other.icon && items.get() == other.items.get();
+    }
 };
 
 enum class SweepPreset : std::uint8_t { safe, all, nothing };
 enum class CheckState : std::uint8_t { on, off, mixed };
+
+// How a group stands of whose `all` items so many are chosen.
+[[nodiscard]] inline CheckState checkState(std::ptrdiff_t chosen, std::ptrdiff_t all) {
+    if (chosen == 0) return CheckState::off;
+    return chosen == all ? CheckState::on : CheckState::mixed;
+}
 
 }  // namespace morvane

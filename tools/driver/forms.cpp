@@ -61,7 +61,7 @@ Answer form(const DevSection& value) {
 }
 
 Answer form(const SweepGroup& value) {
-    return {{"name", value.name}, {"icon", value.icon}, {"items", form(value.items)}};
+    return {{"name", value.name}, {"icon", value.icon}, {"items", form(value.items.get())}};
 }
 
 Answer form(const AppPart& value) {

@@ -48,19 +48,31 @@ ReviewRow rowOf(const CleanupItem& item, const AppState& state) {
     return row;
 }
 
-ReviewGroup groupOf(const SweepGroup& group, const AppState& state) {
+// What of all groups is chosen.
+struct Chosen {
+    std::ptrdiff_t count = 0;
+    double megabytes = 0;
+};
+
+// Adds to `chosen` what of the group is.
+ReviewGroup groupOf(const SweepGroup& group, const AppState& state, Chosen& chosen) {
+    const std::vector<CleanupItem>& items = group.items;
     ReviewGroup told{.id = group.name,
                      .label = group.name,
                      .symbol = group.icon,
-                     .state = state.checkState(group),
-                     .count = countText(std::ssize(group.items), "item")};
+                     .count = countText(std::ssize(items), "item")};
     double sum = 0;
-    told.rows.reserve(group.items.size());
-    for (const CleanupItem& item : group.items) {
+    const std::ptrdiff_t before = chosen.count;
+    told.rows.reserve(items.size());
+    for (const CleanupItem& item : items) {
         sum += megabytes(item.bytes);
         told.rows.push_back(rowOf(item, state));
+        if (told.rows.back().state == CheckState::off) continue;
+        ++chosen.count;
+        chosen.megabytes += megabytes(item.bytes);
     }
     told.size = sizeText(sum);
+    told.state = checkState(chosen.count - before, std::ssize(items));
     return told;
 }
 
@@ -70,20 +82,14 @@ std::string footerNote(const AppState& state) {
                                  : "Deleted right away. This can’t be undone.";
 }
 
-Footer footerOf(const AppState& state) {
-    std::int64_t count = 0;
-    double sum = 0;
-    for (const CleanupItem& item : state.selectedSweepItems()) {
-        ++count;
-        sum += megabytes(item.bytes);
-    }
+Footer footerOf(const AppState& state, const Chosen& chosen) {
     const bool isSweeping = *state.isSweeping;
-    return {.size = sizeText(sum),
-            .count = countText(count, "item") + " selected",
+    return {.size = sizeText(chosen.megabytes),
+            .count = countText(chosen.count, "item") + " selected",
             .note = footerNote(state),
             .actions = {{.label = *state.alwaysUseTrash ? "Move to Trash" : "Delete",
                          .symbol = "trash",
-                         .enabled = count > 0 && !isSweeping,
+                         .enabled = chosen.count > 0 && !isSweeping,
                          .kind = ButtonKind::prominent,
                          .busy = isSweeping}}};
 }
@@ -91,7 +97,7 @@ Footer footerOf(const AppState& state) {
 double foundMB(const std::vector<SweepGroup>& groups) {
     double sum = 0;
     for (const SweepGroup& group : groups) {
-        for (const CleanupItem& item : group.items) sum += megabytes(item.bytes);
+        for (const CleanupItem& item : group.items.get()) sum += megabytes(item.bytes);
     }
     return sum;
 }
@@ -120,13 +126,14 @@ ReviewContent ReviewScreen::content() const {
     const std::vector<SweepGroup> groups = state.sweepGroups();
     ReviewContent content{.title = "Sweep",
                           .found = sizeText(foundMB(groups)) + " found",
-                          .preset = presetChoice(state),
-                          .footer = footerOf(state)};
+                          .preset = presetChoice(state)};
     if (groups.empty()) {
         content.message = *state.scanPhase == ScanPhase::scanning ? "Looking for things to sweep…"
                                                                   : "Nothing to sweep right now.";
     }
-    for (const SweepGroup& group : groups) content.groups.push_back(groupOf(group, state));
+    Chosen chosen;
+    for (const SweepGroup& group : groups) content.groups.push_back(groupOf(group, state, chosen));
+    content.footer = footerOf(state, chosen);
     return content;
 }
 
@@ -144,9 +151,9 @@ void ReviewScreen::toggleGroup(const std::string& name) {
 }
 
 void ReviewScreen::reveal(const std::string& id) {
-    for (const CleanupItem& item : needs_.state.sweepItems()) {
-        if (item.id != id || !item.revealURL) continue;
-        needs_.state.platform().workspace.reveal(*item.revealURL);
+    for (const CleanupItem* item : needs_.state.sweepItemsInPlace()) {
+        if (item->id != id || !item->revealURL) continue;
+        needs_.state.platform().workspace.reveal(*item->revealURL);
         return;
     }
 }
