@@ -208,26 +208,26 @@ class WithATray(Conditions):
         self.assertEqual(process.wait(PATIENCE), 0)
         self.assertEqual(errors.read_text(), "")
 
-    def test_ComesBackWhenTheTrayThatItWasClosedToVanishes(self):
-        on = self.start_desktop()
+    def close_to_a_tray_that_vanishes(self, on, process):
         tray = self.start_tray(on)
-        process, errors = self.open_blind(on, self.bare_disk())
         self.await_icon(on, process)
         self.close_to_tray(on, process)
         on.end(tray)
         self.await_title(on, "Overview", process)
+        wait_until(lambda: not self.icon(on, process), "no icon", alive=process)
+
+    def test_ComesBackWhenTheTrayThatItWasClosedToVanishes(self):
+        on = self.start_desktop()
+        process, errors = self.open_blind(on, self.bare_disk())
+        self.close_to_a_tray_that_vanishes(on, process)
         self.close(on, process)
         self.assertNotIn("qrc:", errors.read_text())
 
     def test_FollowsATrayThatComesBack(self):
         on = self.start_desktop()
         process, errors = self.open_blind(on, self.bare_disk())
-        for _ in range(2):
-            tray = self.start_tray(on)
-            self.await_icon(on, process)
-            self.close_to_tray(on, process)
-            on.end(tray)
-            self.await_title(on, "Overview", process)
+        for _ in range(3):
+            self.close_to_a_tray_that_vanishes(on, process)
         self.close(on, process)
         self.assertNotIn("qrc:", errors.read_text())
 
