@@ -14,11 +14,28 @@ Item {
 
     implicitHeight: column.implicitHeight + 26
 
-    RoundedBox {
-        objectName: root.objectName + "Ground"
-        anchors.fill: parent
-        radius: 10
+    // The row above has the same ground, which goes on behind the upper corners; a gap there would
+    // look like a fault.
+    Rectangle {
+        id: upper
+
+        width: parent.width
+        height: Math.round(parent.height / 2)
+        antialiasing: false
         color: Theme.rowHover
+    }
+    Item {
+        anchors { left: parent.left; right: parent.right; top: upper.bottom; bottom: parent.bottom }
+        clip: true
+
+        RoundedBox {
+            objectName: root.objectName + "Ground"
+            y: -parent.y
+            width: root.width
+            height: root.height
+            radius: 10
+            color: Theme.rowHover
+        }
     }
 
     Column {
