@@ -28,5 +28,6 @@ Flickable {
             contentY = Math.min(Math.max(0, contentHeight - height), bottom + 12 - height)
     }
 
+    ScrollEdge { scroll: root }
     ScrollMark { scroll: root }
 }

@@ -127,5 +127,6 @@ Flickable {
         }
     }
 
+    ScrollEdge { scroll: root }
     ScrollMark { scroll: root }
 }

@@ -84,6 +84,7 @@ Item {
             }
         }
 
+        ScrollEdge { scroll: scroll }
         ScrollMark { scroll: scroll }
     }
 
