@@ -75,7 +75,7 @@ Pressable {
             width: parent.width
             height: 6 + amount.implicitHeight
 
-            Figures {
+            Words {
                 id: amount
 
                 objectName: root.objectName + "Amount"
