@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/theme/theme.h"
@@ -18,6 +19,15 @@ constexpr double slide = 0.4;
 
 double between(double from, double to, double part) {
     return from + (to - from) * part;
+}
+
+// What comes is hardly seen before what leaves has nearly gone: on top of each other neither can be
+// read. By then both are inside the line, beyond which nothing is drawn.
+double come(double part) {
+    return std::clamp((part - 0.3) / 0.7, 0.0, 1.0);
+}
+double gone(double part) {
+    return std::clamp(part / 0.6, 0.0, 1.0);
 }
 
 }  // namespace
@@ -116,7 +126,10 @@ void FigurePainter::roll(const std::vector<FigureRun>& runs) {
     std::vector<Moving> before;
     for (const Moving& moving : shown_) before.push_back(nowOf(moving));
     std::vector<Moving> left;
-    for (const Moving& moving : leaving_) left.push_back(nowOfLeaving(moving));
+    for (const Moving& moving : leaving_) {
+        const Moving now = nowOfLeaving(moving);
+        if (now.opacity > 0) left.push_back(now);
+    }
 
     // A run stays when the same text stands in the same place, counted from either end.
     const std::size_t count = runs.size();
@@ -150,13 +163,13 @@ void FigurePainter::roll(const std::vector<FigureRun>& runs) {
 
 FigurePainter::Moving FigurePainter::nowOf(const Moving& moving) const {
     const double part = progress_.enabled() ? progress_.value() : 1;
-    return {moving.run, between(moving.opacity, 1, part), between(moving.shift, 0, part),
+    return {moving.run, between(moving.opacity, 1, come(part)), between(moving.shift, 0, part),
             between(moving.x, moving.run.x, part)};
 }
 
 FigurePainter::Moving FigurePainter::nowOfLeaving(const Moving& moving) const {
     const double part = progress_.enabled() ? progress_.value() : 1;
-    return {moving.run, between(moving.opacity, 0, part), between(moving.shift, -slide, part),
+    return {moving.run, between(moving.opacity, 0, gone(part)), between(moving.shift, -slide, part),
             moving.x};
 }
 

@@ -48,6 +48,8 @@ Card {
         }
         Figures {
             objectName: "scanningAmount"
+            // An amount that leaves may be longer than the one that comes.
+            width: parent.width
             text: root.card.amount
             size: 48
             weight: Font.Bold
