@@ -15,6 +15,8 @@ Pressable {
     // A shadow in the accent.
     property bool glowing: false
     property bool busyBeside: false
+    // What the capsule lies on, where something moves behind it that may not show through.
+    property color backing: Theme.clear
     // Around the words, in addition to the capsule's own room.
     property real paddingX: 0
     property real paddingY: 0
@@ -36,6 +38,12 @@ Pressable {
             : content.implicitWidth + (large ? 32 : 24)) + 2 * paddingX
     onActivated: pressed()
 
+    RoundedBox {
+        anchors.fill: parent
+        visible: root.backing.a > 0
+        radius: height / 2
+        color: root.backing
+    }
     RoundedBox {
         objectName: root.objectName + "Ground"
         anchors.fill: parent

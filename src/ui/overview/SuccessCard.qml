@@ -92,6 +92,7 @@ Card {
                     visible: root.card.openTrash !== null
                     button: root.card.openTrash
                     large: true
+                    backing: Theme.card
                     onPressed: root.trashOpened()
                 }
                 CapsuleButton {
@@ -100,6 +101,7 @@ Card {
                     objectName: "successDone"
                     button: root.card.button
                     large: true
+                    backing: Theme.card
                     onPressed: root.finished()
                 }
             }
