@@ -12,7 +12,7 @@ DialogWindow {
     objectName: "linkNote"
     title: note.title
     shown: note.isOpen
-    width: 500
+    width: 540
     height: column.height + 40
     minimumWidth: 440
     minimumHeight: 120
