@@ -43,6 +43,8 @@ Window {
 
             anchors.fill: parent
             focus: true
+            // A text that has the keyboard keeps the key from the shortcut, and has no use for it.
+            Keys.onEscapePressed: root.dismissed()
         }
     }
 

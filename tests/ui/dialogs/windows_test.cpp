@@ -128,6 +128,17 @@ TEST_F(SmallWindowsOnView, TheKeyboardBeginsAtTheMainButtonOfANoteAndOfANotice) 
     EXPECT_EQ(focusedThere(), "updateClose");
 }
 
+TEST_F(SmallWindowsOnView, EscapeDismissesFromATextThatHasTheKeyboardToo) {
+    note.show("x-apple.systempreferences:com.apple.Notifications-Settings.extension");
+    settle();
+    activate();
+    keyThere(Qt::Key_Tab);
+    EXPECT_EQ(focusedThere(), "link");
+    keyThere(Qt::Key_Escape);
+    EXPECT_FALSE(note.isOpen());
+    EXPECT_EQ(small(), nullptr);
+}
+
 TEST_F(SmallWindowsOnView, TheKeyboardComesBackToWhatOpenedASmallWindow) {
     state->selection = SidebarItem::settings;
     settle();
