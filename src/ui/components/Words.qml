@@ -20,6 +20,9 @@ Item {
     property bool mono: false
     // Whether it goes on in a next line; without it a line break shows as a mark.
     property bool wraps: false
+    // Whether its lines are to be about equally long, so that no word is left alone in the last one;
+    // for centred text.
+    property bool balanced: false
     // 0 for no limit.
     property int maximumLines: 0
     property int elide: Text.ElideRight
@@ -46,7 +49,13 @@ Item {
     Text {
         id: inner
 
-        width: root.width * root.factor
+        // A part of a line is left free, because lines end between words.
+        readonly property real room: root.width * root.factor
+        readonly property real even: implicitWidth / Math.ceil(implicitWidth / Math.max(1, room))
+                                     + 3 * font.pixelSize
+
+        x: (root.width - width / root.factor) / 2
+        width: root.balanced ? Math.min(room, even) : room
         transformOrigin: Item.TopLeft
         scale: 1 / root.factor
         text: Speech.shown(root.text, root.wraps)

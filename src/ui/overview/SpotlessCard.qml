@@ -60,6 +60,7 @@ Card {
             size: 12.5
             color: Theme.inkFaint
             wraps: true
+            balanced: true
             horizontalAlignment: Text.AlignHCenter
         }
         Item {

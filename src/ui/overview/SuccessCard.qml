@@ -74,6 +74,7 @@ Card {
             size: 14
             color: Theme.inkSoft
             wraps: true
+            balanced: true
             horizontalAlignment: Text.AlignHCenter
         }
         Item {
