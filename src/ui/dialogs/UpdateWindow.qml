@@ -14,7 +14,7 @@ DialogWindow {
     objectName: "update"
     title: notice.windowTitle
     shown: notice.isOpen
-    width: 480
+    width: 510
     height: Math.max(words.y + words.height, 76) + (hasNotes ? 216 : 0) + foot.height + 40
     minimumWidth: 420
     minimumHeight: 140
