@@ -141,6 +141,27 @@ TEST(FigureRuns, GiveEveryDigitTheWidestDigitsWidth) {
     EXPECT_FALSE(runs[1].digit);
 }
 
+TEST(Words, FillTheirLastLineWhereBalancedWithoutALineMore) {
+    const QString body = QStringLiteral(
+        "Words { width: 360; size: 12.5; wraps: true; horizontalAlignment: Text.AlignHCenter; "
+        "text: 'Morvane found nothing worth removing. You can scan again any time.'%1 }");
+    for (const bool balanced : {false, true}) {
+        Stage stage;
+        QQuickItem* const words =
+            stage.show(body.arg(balanced ? QStringLiteral("; balanced: true") : QString()));
+        ASSERT_NE(words, nullptr);
+        EXPECT_EQ(words->property("lineCount"), 2);
+        const QQuickItem* const inner = words->childItems().constFirst();
+        const double width = inner->width() * inner->scale();
+        if (balanced) {
+            EXPECT_LT(width, 280);
+        } else {
+            EXPECT_EQ(width, 360);
+        }
+        EXPECT_EQ(inner->x(), (360 - width) / 2);
+    }
+}
+
 TEST(FigureRuns, TakeADigitApartFromWhatStandsBesideIt) {
     EXPECT_TRUE(figureRuns(QString(), QFont()).empty());
     EXPECT_EQ(figureRuns(QStringLiteral("abc"), QFont()).size(), 1U);

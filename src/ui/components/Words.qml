@@ -20,8 +20,7 @@ Item {
     property bool mono: false
     // Whether it goes on in a next line; without it a line break shows as a mark.
     property bool wraps: false
-    // Whether its lines are to be about equally long, so that no word is left alone in the last one;
-    // for centred text.
+    // Whether its lines are to be about equally long, so that no word is left alone in the last one.
     property bool balanced: false
     // 0 for no limit.
     property int maximumLines: 0
@@ -54,7 +53,8 @@ Item {
         readonly property real even: implicitWidth / Math.ceil(implicitWidth / Math.max(1, room))
                                      + 3 * font.pixelSize
 
-        x: (root.width - width / root.factor) / 2
+        x: root.horizontalAlignment === Text.AlignHCenter
+           ? (root.width - width / root.factor) / 2 : 0
         width: root.balanced ? Math.min(room, even) : room
         transformOrigin: Item.TopLeft
         scale: 1 / root.factor

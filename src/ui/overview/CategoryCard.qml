@@ -94,6 +94,7 @@ Pressable {
             size: 12
             color: Theme.inkSoft
             wraps: true
+            balanced: true
         }
     }
 

@@ -43,6 +43,7 @@ RoundedBox {
             size: 12
             color: Theme.warmInk
             wraps: true
+            balanced: true
         }
     }
 }
