@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "core/app_state.h"
@@ -18,6 +19,18 @@ std::map<std::string, std::string> textsOf(const MovedItems& moved) {
         texts.emplace(pathText(original), pathText(inTrash));
     }
     return texts;
+}
+
+// The entries that came after the sweep that moved those items; all, where it is none of them.
+std::span<const HistoryEntry> madeSince(const std::map<std::string, std::string>& moved,
+                                        const std::vector<HistoryEntry>& history) {
+    const auto own = std::find_if(history.begin(), history.end(), [&](const HistoryEntry& entry) {
+        return std::any_of(moved.begin(), moved.end(), [&](const auto& pair) {
+            const auto found = entry.trashed.find(pair.first);
+            return found != entry.trashed.end() && found->second == pair.second;
+        });
+    });
+    return {history.begin(), own};
 }
 
 // Whether one of the moved items is a key of `trashed`.
@@ -41,7 +54,7 @@ void AppState::recordSweep(const std::string& summary, const MovedItems& trashed
 }
 
 HistoryState AppState::historyState(const HistoryEntry& entry) const {
-    return morvane::historyState(entry, platform().files);
+    return morvane::historyState(entry, newerThan(entry.id, *history), platform().files);
 }
 
 void AppState::restore(const HistoryEntry& entry) {
@@ -52,7 +65,8 @@ void AppState::restore(const HistoryEntry& entry) {
                                     [&](const HistoryEntry& each) { return each.id == id; });
     if (found == entries.end()) return;
     const std::map<std::string, std::string> former = found->trashed;
-    const PutBackOutcome outcome = putBack(former, platform().files, needs_.remover);
+    const PutBackOutcome outcome =
+        putBack(withoutPlacesOf(newerThan(id, entries), former), platform().files, needs_.remover);
     if (outcome.moved == 0 && outcome.remaining.empty()) {
         // Everything had gone from the Trash: the row is only to be drawn anew.
         history.setAndRedraw(std::move(entries));
@@ -84,9 +98,11 @@ void AppState::restore(const HistoryEntry& entry) {
 
 void AppState::undoMenuBarSweep() {
     const MovedItems moved = *menuBarTrashed;
-    // Failures are left aside, and what stands in the way makes the move itself fail.
-    static_cast<void>(putBack(textsOf(moved), platform().files, needs_.remover));
+    const std::map<std::string, std::string> texts = textsOf(moved);
     std::vector<HistoryEntry> entries = *history;
+    // Failures are left aside, and what stands in the way makes the move itself fail.
+    static_cast<void>(putBack(withoutPlacesOf(madeSince(texts, entries), texts), platform().files,
+                              needs_.remover));
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const HistoryEntry& entry) {
         return sharesAnItem(moved, entry.trashed);
     });

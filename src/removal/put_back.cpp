@@ -1,7 +1,9 @@
 #include "removal/put_back.h"
 
 #include <algorithm>
-#include <vector>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
 
 #include "model/path_text.h"
 #include "model/words.h"
@@ -9,12 +11,32 @@
 
 namespace morvane {
 
-HistoryState historyState(const HistoryEntry& entry, const FileSystem& files) {
+std::span<const HistoryEntry> newerThan(const std::string& id,
+                                        const std::vector<HistoryEntry>& history) {
+    const auto found = std::find_if(history.begin(), history.end(),
+                                    [&](const HistoryEntry& each) { return each.id == id; });
+    if (found == history.end()) return {};
+    return {history.begin(), found};
+}
+
+std::map<std::string, std::string> withoutPlacesOf(std::span<const HistoryEntry> newer,
+                                                   std::map<std::string, std::string> trashed) {
+    std::unordered_set<std::string_view> taken;
+    for (const HistoryEntry& entry : newer) {
+        for (const auto& [original, inTrash] : entry.trashed) taken.insert(inTrash);
+    }
+    std::erase_if(trashed, [&](const auto& pair) { return taken.contains(pair.second); });
+    return trashed;
+}
+
+HistoryState historyState(const HistoryEntry& entry, std::span<const HistoryEntry> newer,
+                          const FileSystem& files) {
     if (entry.restored) return HistoryState::putBack;
     if (entry.trashed.empty()) return HistoryState::deleted;
-    const bool inTrash =
-        std::any_of(entry.trashed.begin(), entry.trashed.end(),
-                    [&](const auto& pair) { return !isGone(files, pathFromText(pair.second)); });
+    const std::map<std::string, std::string> own = withoutPlacesOf(newer, entry.trashed);
+    const bool inTrash = std::any_of(own.begin(), own.end(), [&](const auto& pair) {
+        return !isGone(files, pathFromText(pair.second));
+    });
     return inTrash ? HistoryState::restorable : HistoryState::emptied;
 }
 

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "model/history.h"
 #include "platform/file_system.h"
@@ -11,8 +13,21 @@
 
 namespace morvane {
 
-// What can be done about a remembered sweep. Looks at the disk; could not look counts as there.
-[[nodiscard]] HistoryState historyState(const HistoryEntry& entry, const FileSystem& files);
+// The entries of `history`, the newest first, that are newer than the one of that id; none where
+// there is no such entry.
+[[nodiscard]] std::span<const HistoryEntry> newerThan(const std::string& id,
+                                                      const std::vector<HistoryEntry>& history);
+
+// What of `trashed` can still lie in the Trash. A name there is given only once it is free: a place
+// that a newer sweep has named holds that sweep's item, and this one's has gone.
+[[nodiscard]] std::map<std::string, std::string> withoutPlacesOf(
+    std::span<const HistoryEntry> newer, std::map<std::string, std::string> trashed);
+
+// What can be done about a remembered sweep, with those made since. Looks at the disk; could not
+// look counts as there.
+[[nodiscard]] HistoryState historyState(const HistoryEntry& entry,
+                                        std::span<const HistoryEntry> newer,
+                                        const FileSystem& files);
 
 // What came of putting the items of an entry back.
 struct PutBackOutcome {

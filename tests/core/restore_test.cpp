@@ -247,6 +247,33 @@ TEST_F(Undo, OfASweepNobodyRemembersMarksNothing) {
     EXPECT_THAT(defaults.writes, IsEmpty());
 }
 
+TEST_F(Restore, LeavesALaterSweepWhatLiesUnderAnEmptiedName) {
+    const HistoryEntry emptied = swept({"/a/log"});
+    files.remove(trash("log"));
+    const HistoryEntry later = swept({"/b/log"});
+    EXPECT_EQ(state->historyState(emptied), HistoryState::emptied);
+    EXPECT_EQ(state->historyState(later), HistoryState::restorable);
+    state->restore(emptied);
+    EXPECT_FALSE(stands("/a/log"));
+    EXPECT_TRUE(stands(trash("log")));
+    state->restore(later);
+    EXPECT_TRUE(stands("/b/log"));
+    EXPECT_EQ(state->historyState(emptied), HistoryState::emptied);
+}
+
+TEST_F(Undo, LeavesALaterSweepWhatLiesUnderAnEmptiedName) {
+    swept({"/a/log", "/a/kept"});
+    state->menuBarTrashed = MovedItems{{"/a/log", trash("log")}, {"/a/kept", trash("kept")}};
+    files.remove(trash("log"));
+    swept({"/b/log"});
+    state->undoMenuBarSweep();
+    EXPECT_FALSE(stands("/a/log"));
+    EXPECT_TRUE(stands("/a/kept"));
+    EXPECT_TRUE(stands(trash("log")));
+    EXPECT_FALSE(state->history->at(0).restored);
+    EXPECT_TRUE(state->history->at(1).restored);
+}
+
 TEST_F(Restore, TellsTheStatesApartInThisOrder) {
     files.addFile("/t/a", 1);
     HistoryEntry made{.trashed = {{"/a", "/t/a"}, {"/b", "/t/b"}}, .restored = true};

@@ -61,6 +61,29 @@ TEST_F(PutBack, GoesFromTheOutermostInwards) {
                 ElementsAre(Pair("/t/3", "/a"), Pair("/t/2", "/a/b"), Pair("/t/1", "/a/b/c")));
 }
 
+HistoryEntry entry(std::string id, std::map<std::string, std::string> trashed) {
+    return {.id = std::move(id), .date = {}, .summary = {}, .trashed = std::move(trashed)};
+}
+
+TEST_F(PutBack, LeavesANewerSweepWhatLiesWhereItsOwnItemLay) {
+    files.addFile("/t/a", 1);
+    files.addFile("/t/b", 1);
+    const std::vector<HistoryEntry> history{entry("3", {{"/z/a", "/t/a"}}),
+                                            entry("2", {{"/y/a", "/t/a"}, {"/y/b", "/t/b"}}),
+                                            entry("1", {{"/x/a", "/t/a"}})};
+    const auto state = [&](const HistoryEntry& each) {
+        return historyState(each, newerThan(each.id, history), files);
+    };
+    EXPECT_EQ(state(history[0]), HistoryState::restorable);
+    EXPECT_EQ(state(history[1]), HistoryState::restorable);
+    EXPECT_EQ(state(history[2]), HistoryState::emptied);
+    EXPECT_EQ(state(entry("of no sweep", {{"/x/a", "/t/a"}})), HistoryState::restorable);
+    EXPECT_THAT(withoutPlacesOf(newerThan("2", history), history[1].trashed),
+                ElementsAre(Pair("/y/b", "/t/b")));
+    files.remove("/t/b");
+    EXPECT_EQ(state(history[1]), HistoryState::emptied);
+}
+
 TEST(PutBackWords, SpeakOfObstaclesOnlyWhereAllThatIsLeftIsBlocked) {
     EXPECT_EQ(putBackProblemWords({5, 0, {}}), std::nullopt);
     EXPECT_EQ(putBackProblemWords({0, 1, {{"/a", "/t"}}}),

@@ -130,7 +130,8 @@ SettingsFacts lookAtDisk(const Platform& platform, const std::vector<std::string
         if (platform.files.exists(pathFromText(folder))) facts.ignoredFoldersThere.insert(folder);
     }
     for (const HistoryEntry& entry : history) {
-        facts.historyStates.emplace(entry.id, historyState(entry, platform.files));
+        facts.historyStates.emplace(
+            entry.id, historyState(entry, newerThan(entry.id, history), platform.files));
     }
     return facts;
 }
