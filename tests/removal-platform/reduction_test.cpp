@@ -33,6 +33,68 @@ TEST_F(Reduction, LetsWhatLiesInsideAnotherGoAlongWithTheOutermost) {
     EXPECT_TRUE(disk.stands("/Users/sam/.Trash/x/y/z"));
 }
 
+// A folder that cannot go, named with some of what it holds, at several depths.
+class RefusedFolder : public RemovalTest {
+protected:
+    std::vector<RemovalTarget> targets;
+
+    void SetUp() override {
+        RemovalTest::SetUp();
+        disk.file("/Users/sam/x/y/z/deep");
+        disk.file("/Users/sam/x/y/kept");
+        disk.file("/Users/sam/x/named");
+        disk.file("/Users/sam/x/kept");
+        targets = {disk.plan("/Users/sam/x/y/z/deep"), disk.plan("/Users/sam/x/y/z"),
+                   disk.plan("/Users/sam/x"), disk.plan("/Users/sam/x/named"),
+                   disk.plan("/Users/sam/x/named")};
+    }
+};
+
+TEST_F(RefusedFolder, LeavesWhatWasNamedInsideItToGoByItself) {
+    disk.host.immovable = {"/Users/sam/x"};
+    const RemovalReport report = disk.remover().recycle(targets);
+    EXPECT_EQ(report.error, (Failure{Failure::Kind::notAllowed, EPERM, "/Users/sam/x"}));
+    EXPECT_EQ(report.trashed, (MovedItems{{"/Users/sam/x/y/z", "/Users/sam/.Trash/z"},
+                                          {"/Users/sam/x/named", "/Users/sam/.Trash/named"}}));
+    EXPECT_THAT(disk.names("/Users/sam/x"), ElementsAre("kept", "y"));
+    EXPECT_THAT(disk.names("/Users/sam/x/y"), ElementsAre("kept"));
+}
+
+TEST_F(RefusedFolder, LeavesItAlsoWhereItHoldsAMount) {
+    disk.host.mounts = {"/Users/sam/x/y/z/volume"};
+    const RemovalReport report = disk.remover().recycle(targets);
+    EXPECT_EQ(report.error, (Failure{Failure::Kind::refused, EBUSY, "/Users/sam/x/y/z"}));
+    EXPECT_EQ(report.trashed, (MovedItems{{"/Users/sam/x/y/z/deep", "/Users/sam/.Trash/deep"},
+                                          {"/Users/sam/x/named", "/Users/sam/.Trash/named"}}));
+    EXPECT_THAT(disk.names("/Users/sam/x"), ElementsAre("kept", "y"));
+}
+
+TEST_F(RefusedFolder, LeavesItAlsoWhereItIsDeleted) {
+    deletes = true;
+    disk.host.immovable = {"/Users/sam/x"};
+    const RemovalReport report = disk.remover().removeOutright(targets);
+    EXPECT_EQ(report.error, (Failure{Failure::Kind::notAllowed, EPERM, "/Users/sam/x"}));
+    EXPECT_THAT(disk.names("/Users/sam/x"), ElementsAre("kept", "y"));
+    EXPECT_THAT(disk.names("/Users/sam/x/y"), ElementsAre("kept"));
+}
+
+TEST_F(RefusedFolder, TellsNoFailureOfWhatHasGoneWithTheRestOfIt) {
+    deletes = true;
+    disk.host.immovable = {"/Users/sam/x/kept"};
+    const RemovalReport report = disk.remover().removeOutright(targets);
+    EXPECT_EQ(report.error, (Failure{Failure::Kind::notAllowed, EPERM, "/Users/sam/x/kept"}));
+    EXPECT_THAT(disk.names("/Users/sam/x"), ElementsAre("kept"));
+}
+
+TEST_F(Reduction, FindsItsWayWhereALinkLeadsAroundToTheFolderThatHoldsIt) {
+    disk.file("/Users/sam/x/sub/kept");
+    disk.link("/Users/sam/x/sub/way", "/Users/sam/x");
+    const RemovalReport report =
+        disk.remover().recycle({disk.plan("/Users/sam/x/sub/way"), {"/Users/sam/x/sub/way/sub"}});
+    EXPECT_EQ(report.trashed, (MovedItems{{"/Users/sam/x/sub/way", "/Users/sam/.Trash/way"}}));
+    EXPECT_TRUE(disk.stands("/Users/sam/x/sub/kept"));
+}
+
 TEST_F(Reduction, KnowsOnePlaceThatTwoPathsLeadTo) {
     disk.file("/Users/sam/Away/Caches/a/inner");
     disk.link("/Users/sam/Library", "Away");

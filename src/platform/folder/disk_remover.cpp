@@ -21,6 +21,21 @@ std::optional<Failure> moveInto(const RemovalRules& rules, const Place& item, in
     return renameFailure(errno, to);
 }
 
+// Tells how each target went, by `work`. One that did not go leaves those that were to go along
+// with it to go by themselves; of these, what has gone meanwhile is no failure.
+template <class Work>
+void workOn(std::vector<PlannedTarget> targets, FirstFailure& failures, const Work& work,
+            bool wereInside = false) {
+    for (PlannedTarget& target : targets) {
+        std::optional<Failure> failure = work(target);
+        if (!failure) continue;
+        if (!wereInside || failure->kind != Failure::Kind::notFound) {
+            failures.note(target.index, *std::move(failure));
+        }
+        workOn(outermost(std::move(target.inside)), failures, work, true);
+    }
+}
+
 }  // namespace
 
 RemovalReport DiskRemover::recycle(const std::vector<RemovalTarget>& targets) {
@@ -32,21 +47,17 @@ RemovalReport DiskRemover::recycle(const std::vector<RemovalTarget>& targets) {
     RemovalReport report;
     FirstFailure failures;
     TrashFolder trash(*rules, *host);
-    for (const PlannedTarget& target : planRemoval(*rules, targets, failures)) {
+    const auto take = [&](const PlannedTarget& target) -> std::optional<Failure> {
         const Result<Place> place = findAgain(*rules, target);
-        const Result<ItemFacts> item =
-            place.ok() ? rules->examine(*place, target.path) : Result<ItemFacts>(place.failure());
-        if (!item.ok()) {
-            failures.note(target.index, at(item.failure(), target.asked));
-            continue;
-        }
+        if (!place.ok()) return at(place.failure(), target.asked);
+        const Result<ItemFacts> item = rules->examine(*place, target.path);
+        if (!item.ok()) return at(item.failure(), target.asked);
         const Result<std::string> name = trash.take(*place, target.asked);
-        if (name.ok()) {
-            report.trashed.emplace(target.asked, rules->protectedFolders().trash() / *name);
-        } else {
-            failures.note(target.index, name.failure());
-        }
-    }
+        if (!name.ok()) return name.failure();
+        report.trashed.emplace(target.asked, rules->protectedFolders().trash() / *name);
+        return std::nullopt;
+    };
+    workOn(planRemoval(*rules, targets, failures), failures, take);
     report.error = failures.get();
     return report;
 }
@@ -57,17 +68,14 @@ RemovalReport DiskRemover::removeOutright(const std::vector<RemovalTarget>& targ
     if (!rules.ok()) return {{}, rules.failure()};
 
     FirstFailure failures;
-    for (const PlannedTarget& target : planRemoval(*rules, targets, failures)) {
+    const auto remove = [&](const PlannedTarget& target) -> std::optional<Failure> {
         const Result<Place> place = findAgain(*rules, target);
-        const Result<ItemFacts> item =
-            place.ok() ? rules->examine(*place, target.path) : Result<ItemFacts>(place.failure());
-        if (!item.ok()) {
-            failures.note(target.index, at(item.failure(), target.asked));
-            continue;
-        }
-        std::optional<Failure> failure = deleteOutright(*rules, *place, *item, target.asked);
-        if (failure) failures.note(target.index, *std::move(failure));
-    }
+        if (!place.ok()) return at(place.failure(), target.asked);
+        const Result<ItemFacts> item = rules->examine(*place, target.path);
+        if (!item.ok()) return at(item.failure(), target.asked);
+        return deleteOutright(*rules, *place, *item, target.asked);
+    };
+    workOn(planRemoval(*rules, targets, failures), failures, remove);
     return {{}, failures.get()};
 }
 

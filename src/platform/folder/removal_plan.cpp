@@ -8,12 +8,6 @@ namespace morvane::folder {
 
 namespace {
 
-// A target that may go, with where it lies ("canonical": no link in it).
-struct Admitted {
-    PlannedTarget target;
-    std::string canonical;
-};
-
 // The identity of the open folder of `place`, which has to be `expected` where that is known.
 Result<FolderIdentity> folderOf(const RemovalRules& rules, const Place& place,
                                 const FolderIdentity& expected, const std::filesystem::path& path) {
@@ -23,7 +17,8 @@ Result<FolderIdentity> folderOf(const RemovalRules& rules, const Place& place,
     return facts->identity;
 }
 
-Result<Admitted> admit(const RemovalRules& rules, const RemovalTarget& target, std::size_t index) {
+Result<PlannedTarget> admit(const RemovalRules& rules, const RemovalTarget& target,
+                            std::size_t index) {
     const Result<std::filesystem::path> clean = cleanPath(rules.disk(), target.path);
     if (!clean.ok()) return at(clean.failure(), target.path);
     const ProtectedFolders& folders = rules.protectedFolders();
@@ -37,52 +32,76 @@ Result<Admitted> admit(const RemovalRules& rules, const RemovalTarget& target, s
     const Result<ItemFacts> item = lookAt(rules.calls(), place->folder.get(), place->name);
     if (!item.ok()) return at(item.failure(), target.path);
     if (folders.covers(*item)) return refusal(target.path);
-    return Admitted{{index, target.path, *clean, *folder}, canonical};
+    return PlannedTarget{index, target.path, *clean, canonical, *folder, {}};
 }
 
-// The paths of a list, each with the first target that has it.
-using Paths = std::unordered_map<std::string_view, std::size_t>;
+using PathOf = const std::string& (*)(const PlannedTarget&);
 
-// Whether `path` lies below one of `paths`, or is one that an earlier target has.
-bool goesAlong(const Paths& paths, std::string_view path, std::size_t index) {
-    if (paths.at(path) != index) return true;
+// The targets by their paths, as `pathOf` has them; of several with one path the first.
+using Paths = std::unordered_map<std::string_view, PlannedTarget*>;
+
+// The target whose path `path` lies below, the nearest one; null where there is none.
+PlannedTarget* around(const Paths& paths, std::string_view path) {
     while (path.size() > 1) {
         const std::size_t slash = path.rfind('/');
         path = slash == 0 ? path.substr(0, 1) : path.substr(0, slash);
-        if (paths.contains(path)) return true;
+        if (const auto found = paths.find(path); found != paths.end()) return found->second;
     }
-    return false;
+    return nullptr;
+}
+
+// Each target named once, with those that lie inside it, at whatever depth, under the outermost.
+std::vector<PlannedTarget> nested(std::vector<PlannedTarget> targets, PathOf pathOf) {
+    Paths paths;
+    for (PlannedTarget& target : targets) paths.emplace(pathOf(target), &target);
+    std::vector<PlannedTarget*> outermost;
+    std::vector<PlannedTarget*> inner;
+    for (PlannedTarget& target : targets) {
+        PlannedTarget* const first = paths.at(pathOf(target));
+        if (first != &target) {
+            first->inside.insert(first->inside.end(), target.inside.begin(), target.inside.end());
+            continue;
+        }
+        (around(paths, pathOf(target)) == nullptr ? outermost : inner).push_back(&target);
+    }
+    for (PlannedTarget* target : inner) {
+        PlannedTarget* cover = around(paths, pathOf(*target));
+        while (PlannedTarget* wider = around(paths, pathOf(*cover))) cover = wider;
+        // Copied, since a path that is moved from would be looked for in vain.
+        cover->inside.push_back(*target);
+    }
+    std::vector<PlannedTarget> kept;
+    for (PlannedTarget* target : outermost) kept.push_back(std::move(*target));
+    return kept;
+}
+
+const std::string& textOf(const PlannedTarget& target) {
+    return target.path.native();
+}
+const std::string& placeOf(const PlannedTarget& target) {
+    return target.canonical;
 }
 
 }  // namespace
 
+std::vector<PlannedTarget> outermost(std::vector<PlannedTarget> targets) {
+    return nested(nested(std::move(targets), textOf), placeOf);
+}
+
 std::vector<PlannedTarget> planRemoval(const RemovalRules& rules,
                                        const std::vector<RemovalTarget>& targets,
                                        FirstFailure& failures) {
-    std::vector<Admitted> admitted;
+    std::vector<PlannedTarget> admitted;
     admitted.reserve(targets.size());
     for (std::size_t index = 0; index < targets.size(); ++index) {
-        Result<Admitted> one = admit(rules, targets[index], index);
+        Result<PlannedTarget> one = admit(rules, targets[index], index);
         if (one.ok()) {
             admitted.push_back(*std::move(one));
         } else {
             failures.note(index, one.failure());
         }
     }
-    Paths byText;
-    Paths byPlace;
-    for (const Admitted& one : admitted) {
-        byText.emplace(one.target.path.native(), one.target.index);
-        byPlace.emplace(one.canonical, one.target.index);
-    }
-    std::vector<PlannedTarget> planned;
-    for (const Admitted& one : admitted) {
-        const std::size_t index = one.target.index;
-        if (goesAlong(byText, one.target.path.native(), index)) continue;
-        if (goesAlong(byPlace, one.canonical, index)) continue;
-        planned.push_back(one.target);
-    }
-    return planned;
+    return outermost(std::move(admitted));
 }
 
 Result<Place> findAgain(const RemovalRules& rules, const PlannedTarget& target) {
