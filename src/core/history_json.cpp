@@ -1,28 +1,17 @@
 #include "core/history_json.h"
 
-#include <cmath>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "model/path_text.h"
 #include "platform/formats/json.h"
 #include "platform/formats/json_fields.h"
+#include "platform/formats/property_list_dates.h"
 #include "platform/formats/uuid.h"
 
 namespace morvane {
 
 namespace {
-
-constexpr Instant referenceDate{std::chrono::seconds{978'307'200}};
-
-// Dates beyond what an Instant holds are no dates; the bound leaves room for comparisons.
-constexpr double latestSeconds = 4.0e9;
-
-std::optional<Instant> dateFrom(double seconds) {
-    if (!std::isfinite(seconds) || std::fabs(seconds) > latestSeconds) return std::nullopt;
-    const std::chrono::duration<double> since(seconds);
-    return referenceDate + std::chrono::duration_cast<std::chrono::nanoseconds>(since);
-}
 
 // An identity is a number: however its text was written, it is told in one way.
 std::string uppercaseUUID(std::string id) {
@@ -50,7 +39,7 @@ std::optional<HistoryEntry> entryFrom(const nlohmann::json& json) {
     if (!id || !isUUID(*id) || !summary || !seconds || !isRestored || !trashed->is_object()) {
         return std::nullopt;
     }
-    const std::optional<Instant> date = dateFrom(*seconds);
+    const std::optional<Instant> date = instantFromListSeconds(*seconds);
     if (!date) return std::nullopt;
     HistoryEntry entry{uppercaseUUID(std::move(*id)), *date, *summary, {}, *isRestored};
     for (const auto& [original, inTrash] : trashed->items()) {
@@ -76,7 +65,7 @@ std::optional<std::string> encodeHistory(const std::vector<HistoryEntry>& histor
     for (const HistoryEntry& entry : history) {
         if (!isEncodable(entry)) return std::nullopt;
         list.push_back({{"id", entry.id},
-                        {"date", std::chrono::duration<double>(entry.date - referenceDate).count()},
+                        {"date", listSecondsFromInstant(entry.date)},
                         {"summary", entry.summary},
                         {"trashed", entry.trashed},
                         {"restored", entry.restored}});

@@ -9,9 +9,4 @@ using Instant = std::chrono::sys_time<std::chrono::nanoseconds>;
 
 using Seconds = std::chrono::duration<double>;
 
-// Elapsed seconds from `from` to `to`, negative when `to` lies earlier.
-[[nodiscard]] inline double secondsBetween(Instant from, Instant to) {
-    return std::chrono::duration<double>(to - from).count();
-}
-
 }  // namespace morvane

@@ -137,23 +137,32 @@ TEST(ReadPropertyList, EndsATextAtANul) {
     EXPECT_EQ(*list->array(), (Array{{std::string("a")}, {std::string("c")}}));
 }
 
-TEST(ReadPropertyList, HoldsNoDateThatLiesTooFarOff) {
-    const std::vector<std::uint64_t> far{
-        0x7ff8000000000000U,  // not a number
-        0x7ff0000000000000U,  // infinity
-        0xfff0000000000000U,
-        0x7fefffffffffffffU,  // the largest double
-        0xc2a0000000000000U,  // year -277000
-        0x422cd51e40000000U,  // 61,914,161,152 s: year 3962
-    };
-    for (const std::uint64_t bits : far) {
+TEST(ReadPropertyList, HoldsNoDateThatIsNoNumber) {
+    for (const std::uint64_t bits : {0x7ff8000000000000U,  // not a number
+                                     0x7ff0000000000000U,  // infinity
+                                     0xfff0000000000000U}) {
         const auto list = readPropertyList(binaryList({"\x33" + bigEndian(bits, 8)}));
         ASSERT_TRUE(list) << std::hex << bits;
         EXPECT_TRUE(std::holds_alternative<std::monostate>(list->value)) << std::hex << bits;
     }
+}
+
+TEST(ReadPropertyList, HoldsADateBackThatLiesTooFarOff) {
+    const Instant first = at(-9214560000);
+    const Instant last = at(9214646399);
+    const std::vector<std::pair<std::uint64_t, Instant>> far{
+        {0x7fefffffffffffffU, last},   // the largest double
+        {0xc2a0000000000000U, first},  // year -277000
+        {0x422cd51e40000000U, last},   // 61,914,161,152 s: year 3962
+    };
+    for (const auto& [bits, held] : far) {
+        const auto list = readPropertyList(binaryList({"\x33" + bigEndian(bits, 8)}));
+        ASSERT_TRUE(list) << std::hex << bits;
+        EXPECT_EQ(list->date(), held) << std::hex << bits;
+    }
     const auto ancient = readPropertyList(xmlList("<date>0001-01-01T00:00:00Z</date>"));
     ASSERT_TRUE(ancient);
-    EXPECT_EQ(ancient->date(), std::nullopt);
+    EXPECT_EQ(ancient->date(), first);
     const auto old = readPropertyList(xmlList("<date>1700-01-01T00:00:00Z</date>"));
     EXPECT_EQ(old->date(), at(-8520336000));
     const auto late = readPropertyList(xmlList("<date>2150-01-01T00:00:00Z</date>"));

@@ -29,8 +29,8 @@ struct PropertyList {
     using Array = std::vector<PropertyList>;
     using Dictionary = std::map<std::string, PropertyList>;
     // std::monostate stands for what was there but could not be held: a text that is not UTF-8, a
-    // date outside the years 1678 to 2261. std::uint64_t holds an integer beyond
-    // std::int64_t, and no other.
+    // date that is no number. Dates outside the years 1678 to 2261 are held back to their ends.
+    // std::uint64_t holds an integer beyond std::int64_t, and no other.
     using Value = std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double,
                                std::string, Instant, Data, Reference, Array, Dictionary>;
 
