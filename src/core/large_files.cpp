@@ -30,7 +30,7 @@ std::vector<std::filesystem::path> pathsOf(const std::vector<std::string>& texts
 }
 
 std::string nameOf(const LargeFile& file) {
-    return pathText(file.url.filename());
+    return nameText(file.url.filename());
 }
 
 std::string filesSummary(const std::vector<LargeFile>& gone) {

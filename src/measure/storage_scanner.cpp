@@ -67,7 +67,7 @@ public:
     StorageNode takeNode() override {
         std::filesystem::path url(std::move(name_));
         const std::filesystem::path shown = url.extension() == ".app" ? url.stem() : url;
-        return {.name = pathText(shown),
+        return {.name = nameText(shown),
                 .url = std::move(url),
                 .kind = StorageNode::Kind::file,
                 .bytes = bytes()};
@@ -150,7 +150,7 @@ private:
 void placeBelow(const std::filesystem::path& folder, std::vector<StorageNode>& children) {
     for (StorageNode& child : children) {
         if (!child.url) continue;
-        if (child.name.empty()) child.name = pathText(*child.url);
+        if (child.name.empty()) child.name = nameText(*child.url);
         child.url = folder / *child.url;
         placeBelow(*child.url, child.children);
     }
@@ -189,7 +189,7 @@ StorageNode scanRoot(const Platform& platform, const std::filesystem::path& url,
     platform.files.walk(url, WalkOptions{.links = true}, visit, token);
 
     StorageNode node = visit.takeNode();
-    node.name = pathText(url.filename());
+    node.name = nameText(url.filename());
     node.url = url;
     placeBelow(url, node.children);
     return node;

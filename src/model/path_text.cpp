@@ -99,6 +99,10 @@ std::string pathText(const std::filesystem::path& path) {
     return text;
 }
 
+std::string nameText(const std::filesystem::path& name) {
+    return isUTF8(name.native()) ? name.native() : pathText(name);
+}
+
 std::filesystem::path pathFromText(std::string_view text) {
     // A text without a single escape is the path itself; one with an escape has every "%" escaped.
     std::string bytes;

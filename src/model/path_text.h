@@ -15,6 +15,9 @@ namespace morvane {
 // The inverse of pathText.
 [[nodiscard]] std::filesystem::path pathFromText(std::string_view text);
 
+// The last component of a path as it is shown: itself where it is UTF-8, else as `pathText` has it.
+[[nodiscard]] std::string nameText(const std::filesystem::path& name);
+
 // The length of the valid UTF-8 sequence at the start of `bytes` (1 to 4), or 0 where there is
 // none. Surrogates, overlong forms and values beyond U+10FFFF are not valid.
 [[nodiscard]] std::size_t utf8SequenceLength(std::string_view bytes);

@@ -16,7 +16,7 @@ namespace {
 
 // "Writer 1.2 (34)". A build number alone says nothing to the user.
 std::string archiveName(const std::filesystem::path& url, const PropertyList& info) {
-    std::string name = textIn(info, "Name").value_or(pathText(url.stem()));
+    std::string name = textIn(info, "Name").value_or(nameText(url.stem()));
     const PropertyList* properties = info.find("ApplicationProperties");
     if (properties == nullptr) return name;
     const std::optional<std::string> version = textIn(*properties, "CFBundleShortVersionString");

@@ -26,13 +26,13 @@ std::string projectName(const std::filesystem::path& url) {
     if (name == "ModuleCache.noindex") return "Module cache";
     if (name.ends_with(notIndexed)) {
         name.remove_suffix(notIndexed.size());
-        return pathText(name);
+        return nameText(name);
     }
     const std::size_t dash = name.rfind('-');
     if (dash != std::string_view::npos && characterCount(name.substr(dash + 1)) >= shortestHash) {
         name = name.substr(0, dash);
     }
-    return pathText(name);
+    return nameText(name);
 }
 
 std::optional<CleanupItem> derivedDataItem(const ScanContext& scan,

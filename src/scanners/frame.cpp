@@ -62,7 +62,7 @@ std::string usedWords(std::optional<Instant> date, Instant now, const Region& re
 }
 
 std::string lastComponent(const std::filesystem::path& url) {
-    return pathText(url.filename());
+    return nameText(url.filename());
 }
 
 std::string shortened(const ScanContext& scan, const std::filesystem::path& url) {

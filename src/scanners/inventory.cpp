@@ -88,7 +88,7 @@ InstalledAppIndex installedAppIndex(const ScanContext& scan) {
         if (auto id = textIn(bundleInfo(scan, url), "CFBundleIdentifier")) {
             index.bundleIDs.insert(std::move(*id));
         }
-        index.names.push_back(pathText(url.stem()));
+        index.names.push_back(nameText(url.stem()));
     }
     return index;
 }

@@ -19,6 +19,12 @@ TEST(PathText, EscapesEveryPercentOnceAnEscapeIsNeeded) {
     EXPECT_EQ(pathText("/\xc3"), "/%C3");
 }
 
+TEST(NameText, ShowsANameAsItIsWhereItIsText) {
+    EXPECT_EQ(nameText("R%C3%A9sum%C3%A9.pdf"), "R%C3%A9sum%C3%A9.pdf");
+    EXPECT_EQ(nameText("50%25"), "50%25");
+    EXPECT_EQ(nameText("caf\xe9"), "caf%E9");
+}
+
 TEST(PathText, IsTurnedBackFromRandomBytes) {
     std::mt19937 random(7);
     std::set<std::string> texts;

@@ -64,7 +64,7 @@ QString FolderChooser::chosen() const {
         const auto row = static_cast<std::size_t>(*rows.begin());
         return QString::fromStdString(rows_.folders()[row].label);
     }
-    return folder_ == "/" ? location() : QString::fromStdString(pathText(folder_.filename()));
+    return folder_ == "/" ? location() : QString::fromStdString(nameText(folder_.filename()));
 }
 
 QVariantMap FolderChooser::up() const {
