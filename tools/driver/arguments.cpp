@@ -40,9 +40,11 @@ const nlohmann::json* Arguments::value(std::string_view name) {
     return found;
 }
 
-void Arguments::refuse(std::string_view name, std::string_view why) {
+void Arguments::refuse(std::string_view name, std::string_view why,
+                       const std::optional<std::string_view>& what) {
     if (error_) return;
     error_ = "the " + std::string(what_) + " \"" + told(name) + "\" " + std::string(why);
+    if (what) *error_ += " \"" + told(*what) + "\"";
 }
 
 void Arguments::refuseUnknown() {
@@ -102,7 +104,7 @@ std::vector<std::string> Arguments::texts(std::string_view name) {
 Instant Arguments::date(std::string_view name) {
     const std::string read = text(name);
     const std::optional<Instant> instant = parseInstant(read);
-    if (!instant) refuse(name, "is not an ISO 8601 instant");
+    if (!instant) refuse(name, "is not an ISO 8601 instant of the years 1678 to 2261");
     return instant.value_or(Instant{});
 }
 

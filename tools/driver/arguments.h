@@ -36,8 +36,9 @@ public:
 
     template <class Case>
     [[nodiscard]] Case oneOf(std::string_view name) {
-        const std::optional<Case> found = caseFrom<Case>(text(name));
-        if (!found) refuse(name, "is none of the cases");
+        const std::string read = text(name);
+        const std::optional<Case> found = caseFrom<Case>(read);
+        if (!found) refuse(name, "is none of the cases:", read);
         return found.value_or(Case{});
     }
     template <class Case>
@@ -47,8 +48,10 @@ public:
         return oneOf<Case>(name);
     }
 
-    // Names the value and what is wrong with it; the first sentence stays.
-    void refuse(std::string_view name, std::string_view why);
+    // Names the value and what is wrong with it, and with `what` what it holds; the first sentence
+    // stays.
+    void refuse(std::string_view name, std::string_view why,
+                const std::optional<std::string_view>& what = {});
     // Refuses names that were never asked for.
     void refuseUnknown();
     [[nodiscard]] const std::optional<std::string>& error() const { return error_; }

@@ -47,7 +47,7 @@ std::vector<CleanupItem> itemsOf(const AppState& state, Arguments& arguments) {
         const auto found = std::find_if(known.begin(), known.end(),
                                         [&](const CleanupItem& item) { return item.id == id; });
         if (found == known.end()) {
-            arguments.refuse("items", "names an item that does not exist: " + id.substr(0, 80));
+            arguments.refuse("items", "names an item that does not exist:", id);
             break;
         }
         if (taken.insert(id).second) items.push_back(*found);
@@ -67,7 +67,7 @@ Invocation toggleGroup(Program& program, Arguments& arguments) {
     const auto found = std::find_if(groups.begin(), groups.end(),
                                     [&](const SweepGroup& group) { return group.name == name; });
     if (found == groups.end()) {
-        arguments.refuse("group", "names a group that does not exist");
+        arguments.refuse("group", "names a group that does not exist:", name);
         return {};
     }
     return doing([&program, group = *found, state] { program.state().toggleGroup(group, state); });
@@ -92,7 +92,7 @@ Invocation uninstall(Program& program, Arguments& arguments) {
         return pathText(app.url) == path;
     });
     if (found == apps.end()) {
-        arguments.refuse("app", "names an app that does not exist");
+        arguments.refuse("app", "names an app that does not exist:", path);
         return {};
     }
     return doing([&program, app = *found] { program.state().uninstall(app); });
