@@ -13,6 +13,8 @@ Flickable {
     readonly property ReviewList list: screen.list
     // The entry that the keyboard goes to.
     property string current
+    // More places than any list has.
+    readonly property int farthest: 1000000000
     // Rows glide to their new places for a press of the user's alone.
     property bool glides: false
 
@@ -23,6 +25,17 @@ Flickable {
     Accessible.role: Accessible.List
     Accessible.name: screen.title
 
+    Keys.onPressed: event => {
+        const rowHeight = 42
+        const page = Math.max(1, Math.floor(height / rowHeight) - 1)
+        const steps = { [Qt.Key_Home]: -farthest, [Qt.Key_End]: farthest,
+                        [Qt.Key_PageUp]: -page, [Qt.Key_PageDown]: page }
+        const step = steps[event.key]
+        if (step === undefined)
+            return
+        goTo(list.neighbour(currentKey(), step))
+        event.accepted = true
+    }
     onContentYChanged: list.setViewport(contentY, height)
     onHeightChanged: list.setViewport(contentY, height)
     Component.onCompleted: list.setViewport(contentY, height)

@@ -74,6 +74,30 @@ TEST_F(ReviewWindow, ARowOpensByAPressAnywhereButOnItsBox) {
     EXPECT_FALSE(shows("What is this?"));
 }
 
+TEST_F(ReviewWindow, FarKeysGoThroughALongList) {
+    std::vector<CleanupItem> many;
+    for (int number = 100; number < 400; ++number) {
+        many.push_back(trashItem("Gone" + std::to_string(number), Safety::review, 7'000'000));
+    }
+    state->leftoverItems = many;
+    settle();
+    item(QStringLiteral("row:CachesRow")).forceActiveFocus(Qt::TabFocusReason);
+    key(Qt::Key_End);
+    EXPECT_EQ(focused(), "row:Gone399Row");
+    key(Qt::Key_Home);
+    EXPECT_EQ(focused(), "group:System Crumbs");
+    key(Qt::Key_PageDown);
+    const QString onePageOn = focused();
+    EXPECT_TRUE(onePageOn.startsWith(QStringLiteral("row:Gone10"))) << onePageOn.toStdString();
+    const QRectF there = place(onePageOn);
+    EXPECT_GT(there.top(), 0);
+    EXPECT_LT(there.bottom(), window().height());
+    key(Qt::Key_PageDown);
+    EXPECT_NE(focused(), onePageOn);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(focused(), onePageOn);
+}
+
 TEST_F(ReviewWindow, AnItemWithoutAPlaceToRevealShowsItsLocationAlone) {
     press("Logs");
     EXPECT_TRUE(shows("~/Library/Logs"));
