@@ -135,25 +135,28 @@ Wrong takeKey(Host& host, const Host& absent, const Key& key, const nlohmann::js
     return key.take(host, absent, isAbsent ? nullptr : &value);
 }
 
+HostError unreadable() {
+    return {"host.json cannot be read"};
+}
+
 // The file's bytes; nothing where there is no file, an error where it cannot be read.
 std::variant<std::optional<std::string>, HostError> readBytes(const std::filesystem::path& file) {
-    const HostError unreadable{"host.json cannot be read"};
     // Not blocking: a pipe of that name is no file, and nobody may write to it.
     const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!opened && errno == ENOENT) return std::nullopt;
     struct stat status{};
     if (!opened || ::fstat(opened.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return unreadable;
+        return unreadable();
     }
     std::string bytes;
     std::vector<char> buffer(std::size_t{64} << 10);
     while (true) {
         const ssize_t count = ::read(opened.get(), buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return unreadable;
+        if (count < 0) return unreadable();
         if (count == 0) return bytes;
         bytes.append(buffer.data(), static_cast<std::size_t>(count));
-        if (bytes.size() > JSONLimits::bytes) return unreadable;
+        if (bytes.size() > JSONLimits::bytes) return unreadable();
     }
 }
 
