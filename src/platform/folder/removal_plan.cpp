@@ -71,6 +71,7 @@ std::vector<PlannedTarget> nested(std::vector<PlannedTarget> targets, PathOf pat
         cover->inside.push_back(*target);
     }
     std::vector<PlannedTarget> kept;
+    kept.reserve(outermost.size());
     for (PlannedTarget* target : outermost) kept.push_back(std::move(*target));
     return kept;
 }

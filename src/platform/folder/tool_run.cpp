@@ -128,7 +128,7 @@ void ToolRun::waitForNews() {
     int wait = -1;
     if (const auto due = nextDue()) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*due - Clock::now()).count();
-        wait = static_cast<int>(std::clamp<std::int64_t>(left, 0, 3600 * 1000));
+        wait = static_cast<int>(std::clamp<std::int64_t>(left, 0, 3'600'000));
     }
     ::poll(watched, 3, wait);
 }

@@ -69,10 +69,12 @@ std::optional<Failure> TrashFolder::open() {
 }
 
 Result<ItemFacts> TrashFolder::openExisting(int home) {
+    errno = 0;
     folder_ = Descriptor(rules_.calls().open(home, trashName, folderFlags));
+    const int error = folder_ ? 0 : errno;
     // A file and a link stand where the Trash would have to.
-    if (!folder_ && (errno == ENOTDIR || errno == ELOOP)) return refusal({}, ENOTDIR);
-    if (!folder_) return failureFromErrno(errno, {});
+    if (error == ENOTDIR || error == ELOOP) return refusal({}, ENOTDIR);
+    if (!folder_) return failureFromErrno(error, {});
     return lookAt(rules_.calls(), folder_.get(), "");
 }
 

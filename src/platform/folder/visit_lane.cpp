@@ -77,10 +77,14 @@ WalkedEntry VisitLane::walked(const WalkFrame& frame, const RawEntry& raw) const
 // What the system says now counts, not what the listing said.
 void VisitLane::addAttributes(const WalkFrame& frame, WalkedEntry& entry) const {
     struct statx status;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by the system
+    // A name as the system lists it ends in a NUL.
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage)
     if (!askStatus(frame.folder.get(), entry.name.data(), mask_, status)) return;
     entry.kind = kindOf(status.stx_mode);
     if (entry.kind == EntryKind::folder) {
         if (askForMounts_) {
+            // A name as the system lists it ends in a NUL.
+            // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage)
             entry.isVolume = isMountPoint(frame.folder.get(), entry.name.data(), status);
         }
         return;
