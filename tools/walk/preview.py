@@ -11,6 +11,8 @@ from virtual_desktop import PATIENCE, DesktopError, VirtualDesktop, wait_until  
 from accessible import AccessibilityBus, Gone  # noqa: E402
 
 SERVICES = ("org.a11y.Bus",)
+# One screen's going over into the next; what moves beyond that moves by itself.
+SECONDS_A_CHANGE_TAKES = 3
 # The toolkit tells what it shows though no screen reader has said on this desktop that it runs.
 TELLS = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 
@@ -82,9 +84,17 @@ class Preview:
         return self._application.actions(node)
 
     def picture(self, path):
-        """Saves what the window in front shows."""
+        """Saves what the window in front shows, once it holds still or has moved for long."""
         window = self.desktop.run(["xdotool", "getactivewindow"]).stdout.strip()
-        self.desktop.run(["import", "-window", window, "-strip", "-quality", "95", path])
+        end = time.monotonic() + SECONDS_A_CHANGE_TAKES
+        before = None
+        while True:
+            self.desktop.run(["import", "-window", window, "-strip", "-quality", "95", path])
+            now = pathlib.Path(path).read_bytes()
+            if now == before or time.monotonic() > end:
+                return
+            before = now
+            time.sleep(0.1)
 
     def said(self):
         """What it has written to standard error."""
