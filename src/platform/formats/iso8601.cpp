@@ -77,9 +77,9 @@ std::optional<Instant> parseInstant(std::string_view text) {
     reader.expect('-');
     const int day = reader.digits(2, 31);
     reader.expect('T');
-    std::int64_t seconds = reader.digits(2, 23) * 3600;
+    std::int64_t seconds = std::int64_t{3600} * reader.digits(2, 23);
     reader.expect(':');
-    seconds += reader.digits(2, 59) * 60;
+    seconds += std::int64_t{60} * reader.digits(2, 59);
     reader.expect(':');
     seconds += reader.digits(2, 59);
     const std::int64_t nanoseconds = reader.take('.') ? reader.fraction() : 0;

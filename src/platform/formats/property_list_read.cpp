@@ -133,8 +133,10 @@ std::optional<PropertyList> readPropertyList(std::string_view bytes) {
     plist_t parsed = nullptr;
     const auto length = static_cast<std::uint32_t>(bytes.size());
     if (*form == PropertyListForm::binary) {
+        // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the length stands beside it
         plist_from_bin(bytes.data(), length, &parsed);
     } else {
+        // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the length stands beside it
         plist_from_xml(bytes.data(), length, &parsed);
     }
     const OwnedNode root(parsed);

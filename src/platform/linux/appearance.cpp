@@ -74,7 +74,7 @@ void Appearance::settingChanged(const QDBusMessage& signal) {
     take(parts.at(0).toString(), parts.at(1).toString(), unpacked(parts.at(2)));
 }
 
-void Appearance::take(const QString& group, const QString& key, QVariant value) {
+void Appearance::take(const QString& group, const QString& key, const QVariant& value) {
     const Scheme oldScheme = scheme_;
     const bool reducedBefore = reducesMotion();
     if (group == appearance && key == colorScheme) {

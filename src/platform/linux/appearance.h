@@ -33,7 +33,7 @@ private slots:
 private:
     void readAll();
     void read(const QString& group, const QString& key);
-    void take(const QString& group, const QString& key, QVariant value);
+    void take(const QString& group, const QString& key, const QVariant& value);
 
     QDBusConnection bus_;
     QDBusServiceWatcher portal_;
