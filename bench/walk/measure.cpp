@@ -22,6 +22,7 @@ double seconds(const timeval& time) {
 Run runProgram(const std::vector<std::string>& words) {
     std::vector<std::string> kept = words;
     std::vector<char*> arguments;
+    arguments.reserve(kept.size() + 1);
     for (std::string& word : kept) arguments.push_back(word.data());
     arguments.push_back(nullptr);
 

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <utility>
@@ -98,7 +99,7 @@ public:
         const QQuickItem* const item = find(name);
         if (item == nullptr) {
             std::fprintf(stderr, "window_bench: no %s on view\n", name);
-            std::exit(1);
+            std::_Exit(1);
         }
         const QPoint at = item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
         move(at);

@@ -140,6 +140,7 @@ void Preview::openWindow() {
     if (!smallWindows_->load(*engine_, *window_)) qWarning("the small windows could not be made");
     // With the first frame the drawing libraries are all there.
     connect(window_, &QQuickWindow::frameSwapped, this, &UntimelyEnd::comeFirst,
+            // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): a kind and a flag
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     window_->show();
 }

@@ -38,7 +38,10 @@ std::optional<QRect> readWindowPlace(std::string_view text) {
     const char* at = text.data();
     const char* const end = at + text.size();
     for (std::size_t each = 0; each < numbers.size(); ++each) {
-        if (each > 0 && (at == end || *at++ != ' ')) return std::nullopt;
+        if (each > 0) {
+            if (at == end || *at != ' ') return std::nullopt;
+            ++at;
+        }
         const auto [next, wrong] = std::from_chars(at, end, numbers.at(each));
         if (wrong != std::errc()) return std::nullopt;
         at = next;

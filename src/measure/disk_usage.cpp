@@ -31,6 +31,7 @@ std::vector<std::filesystem::path> below(const std::filesystem::path& home,
                                          const Folders& folders) {
     // An absolute path replaces the home folder in front of it.
     std::vector<std::filesystem::path> paths;
+    paths.reserve(folders.size());
     for (const char* folder : folders) paths.push_back(home / folder);
     return paths;
 }

@@ -181,6 +181,7 @@ std::set<std::string> protectedFolders(const std::filesystem::path& home) {
 StorageNode scanRoot(const Platform& platform, const std::filesystem::path& url,
                      const std::set<std::string>& skipped, const StopToken& token) {
     std::vector<std::filesystem::path> skippedPaths;
+    skippedPaths.reserve(skipped.size());
     for (const std::string& text : skipped) skippedPaths.push_back(pathFromText(text));
     const MarkedPaths marked(url, skippedPaths);
 

@@ -222,6 +222,8 @@ void FeedUpdater::keep() {
     prompt_.show(message);
 }
 
+// The offer is a copy: the download that it may belong to goes before it is told of.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void FeedUpdater::failDownload(Occasion occasion, UpdateOffer offer, UpdateFailure failure) {
     fetch_.reset();
     download_.reset();

@@ -61,7 +61,7 @@ bool KeptFile::flush() const {
 
 std::optional<std::filesystem::path> KeptFile::place(const std::string& name) {
     for (int number = 1; number <= mostNumbers; ++number) {
-        const std::filesystem::path target =
+        std::filesystem::path target =
             path_.parent_path() / (number == 1 ? name : folder::numberedName(name, number));
         if (renameToFree(path_, target)) {
             path_.clear();

@@ -34,7 +34,7 @@ void averageRowsIntoColumns(const float* from, float* into, int width, int heigh
     const int reach = average.reach;
     const float weight = 1 / (2 * (static_cast<float>(reach) + average.rim) + 1);
     for (int y = 0; y < height; ++y) {
-        const float* row = from + y * width;
+        const float* row = from + std::ptrdiff_t{y} * width;
         float sum = 0;  // of the whole values around the next one
         for (int at = 0; at < std::min(reach, width); ++at) sum += row[at];
         for (int x = 0; x < width; ++x) {
@@ -44,7 +44,7 @@ void averageRowsIntoColumns(const float* from, float* into, int width, int heigh
             float rims = 0;
             if (first > 0) rims += row[first - 1];
             if (last + 1 < width) rims += row[last + 1];
-            into[x * height + y] = (sum + average.rim * rims) * weight;
+            into[std::ptrdiff_t{x} * height + y] = (sum + average.rim * rims) * weight;
             if (first >= 0) sum -= row[first];
         }
     }
@@ -64,7 +64,7 @@ QImage blurred(const QImage& alpha, double deviation) {
     std::vector<float> values(count);
     std::vector<float> turned(count);
     for (int y = 0; y < height; ++y)
-        std::copy_n(alpha.constScanLine(y), width, values.data() + y * width);
+        std::copy_n(alpha.constScanLine(y), width, values.data() + std::ptrdiff_t{y} * width);
     const Average average = averageOf(deviation);
     for (int round = 0; round < 3; ++round) {
         averageRowsIntoColumns(values.data(), turned.data(), width, height, average);
@@ -72,7 +72,7 @@ QImage blurred(const QImage& alpha, double deviation) {
     }
     QImage result(alpha.size(), QImage::Format_Alpha8);
     for (int y = 0; y < height; ++y) {
-        const float* from = values.data() + y * width;
+        const float* from = values.data() + std::ptrdiff_t{y} * width;
         std::transform(from, from + width, result.scanLine(y), [](float value) {
             return static_cast<uchar>(std::lround(std::clamp(value, 0.0F, 255.0F)));
         });

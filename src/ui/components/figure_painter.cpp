@@ -124,6 +124,7 @@ void FigurePainter::measure() {
 
 void FigurePainter::roll(const std::vector<FigureRun>& runs) {
     std::vector<Moving> before;
+    before.reserve(shown_.size());
     for (const Moving& moving : shown_) before.push_back(nowOf(moving));
     std::vector<Moving> left;
     for (const Moving& moving : leaving_) {
