@@ -32,7 +32,7 @@ Invocation looking(Program& program, std::function<Answer(const ScanContext&)> l
 }
 
 void addWithText(Calls& calls, const char* name, const char* argument,
-                 std::function<Answer(const std::string&)> function) {
+                 const std::function<Answer(const std::string&)>& function) {
     calls.emplace(name, [argument, function](Program&, Arguments& arguments) {
         return giving(function(arguments.text(argument)));
     });

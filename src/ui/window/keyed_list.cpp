@@ -82,6 +82,7 @@ std::vector<KeyedList::Row> KeyedList::wanted() const {
     places.erase(-1);
     for (int place = begin; place < end; ++place) places.insert(place);
     std::vector<Row> rows;
+    rows.reserve(places.size());
     for (const int place : places) rows.push_back({keyAt(place), entries_.at(place), place});
     return rows;
 }

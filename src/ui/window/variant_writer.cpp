@@ -12,7 +12,7 @@ void VariantWriter::close() {
     Open closed = std::move(open_.back());
     open_.pop_back();
     name_ = closed.name;
-    add(closed.isList ? QVariant(std::move(closed.list)) : QVariant(std::move(closed.record)));
+    add(closed.isList ? QVariant(closed.list) : QVariant(closed.record));
 }
 
 void VariantWriter::add(QVariant value) {
@@ -21,7 +21,7 @@ void VariantWriter::add(QVariant value) {
     } else if (open_.back().isList) {
         open_.back().list.append(std::move(value));
     } else {
-        open_.back().record.insert(name_, std::move(value));
+        open_.back().record.insert(name_, value);
     }
 }
 
