@@ -11,6 +11,7 @@ template <typename Number>
 std::optional<Number> wholeNumber(std::string_view text) {
     Number value{};
     const char* const end = text.data() + text.size();
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the end stands beside it
     const auto [rest, error] = std::from_chars(text.data(), end, value);
     if (text.empty() || error != std::errc{} || rest != end || text.front() == '-') {
         return std::nullopt;

@@ -197,8 +197,9 @@ void planUserFiles(Mac& mac) {
     planPictures(disk);
     // A folder that only its flag makes a package, and two aliases.
     disk.file(inHome("Movies/Festival Cut/media.mov"), {.amount = 20}, 510);
-    disk.text(inHome("Desktop/Projects alias"), "book\0\0\0\0mark", 260);
-    disk.text(inHome("Documents/Thesis alias"), "book\0\0\0\0mark", 900);
+    const std::string aliasHead("book\0\0\0\0mark", 12);
+    disk.text(inHome("Desktop/Projects alias"), aliasHead, 260);
+    disk.text(inHome("Documents/Thesis alias"), aliasHead, 900);
     mac.host.packages.push_back(inHome("Movies/Festival Cut"));
     mac.host.aliases = {inHome("Desktop/Projects alias"), inHome("Documents/Thesis alias")};
     mac.host.hidden = {inHome("Library"), "/bin", "/opt", "/private", "/sbin", "/usr", "/Volumes"};
