@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "model/path_text.h"
 #include "model/words.h"
 #include "scanners/frame.h"
 #include "scanners/read_plist.h"
@@ -39,7 +40,7 @@ std::optional<CleanupItem> backupItem(const ScanContext& scan,
         when = ", from " + relativeDayWords(date, scan.now, scan.platform.region);
     }
     return CleanupItem{
-        .id = "backup:" + lastComponent(folder),
+        .id = "backup:" + pathText(folder.filename()),
         .name = std::move(name),
         .bytes = found.bytes,
         .safety = Safety::review,

@@ -61,10 +61,6 @@ std::string usedWords(std::optional<Instant> date, Instant now, const Region& re
     return "Used " + relativeDayWords(std::min(*date, now), now, region);
 }
 
-std::string lastComponent(const std::filesystem::path& url) {
-    return nameText(url.filename());
-}
-
 std::string shortened(const ScanContext& scan, const std::filesystem::path& url) {
     return abbreviatedWithTilde(url, scan.platform.home);
 }

@@ -54,9 +54,6 @@ struct Measure {
 // Lower case, letters alone: "Google Chrome 2" gives "googlechrome".
 [[nodiscard]] std::string normalisedName(std::string_view text);
 
-// The name of the item a path ends in, as text.
-[[nodiscard]] std::string lastComponent(const std::filesystem::path& url);
-
 // The path with the home folder as "~".
 [[nodiscard]] std::string shortened(const ScanContext& scan, const std::filesystem::path& url);
 

@@ -47,7 +47,7 @@ void addDeviceSupport(const ScanContext& scan, std::vector<CleanupItem>& items) 
             if (found.bytes < 1) continue;
             items.push_back(
                 devItem(scan, "ds:" + pathText(child),
-                        std::string(platform) + " " + lastComponent(child) + " device support",
+                        std::string(platform) + " " + nameText(child.filename()) + " device support",
                         child, found, Safety::regenerates, usedWords(scan, found)));
         }
     }

@@ -97,6 +97,17 @@ TEST_F(Backups, OfNoBytesAreLeftOut) {
     EXPECT_EQ(backupItem(scan(), folder / "missing"), std::nullopt);
 }
 
+TEST_F(Backups, HaveAnIdEachWhateverTheirNames) {
+    add("%E9", 40'000, {});
+    add("\xE9", 30'000, {});
+    add("50%25", 20'000, {});
+    const auto items = scanBackups(scan());
+    ASSERT_THAT(items, SizeIs(3));
+    EXPECT_EQ(items[0].id, "backup:%25E9");
+    EXPECT_EQ(items[1].id, "backup:%E9");
+    EXPECT_EQ(items[2].id, "backup:50%2525");
+}
+
 TEST_F(Backups, KeepTheirIdFromScanToScan) {
     add("0011-AA", 5000, {{"Last Backup Date", PropertyList{daysAgo(8)}}});
     EXPECT_EQ(only().id, "backup:0011-AA");
