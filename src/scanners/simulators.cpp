@@ -45,10 +45,10 @@ void addDeviceSupport(const ScanContext& scan, std::vector<CleanupItem>& items) 
             if (scan.token.stop_requested()) return;
             const Measure found = measure(scan, child);
             if (found.bytes < 1) continue;
-            items.push_back(
-                devItem(scan, "ds:" + pathText(child),
-                        std::string(platform) + " " + nameText(child.filename()) + " device support",
-                        child, found, Safety::regenerates, usedWords(scan, found)));
+            items.push_back(devItem(
+                scan, "ds:" + pathText(child),
+                std::string(platform) + " " + nameText(child.filename()) + " device support", child,
+                found, Safety::regenerates, usedWords(scan, found)));
         }
     }
 }
