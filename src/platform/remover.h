@@ -36,7 +36,7 @@ public:
     virtual ~Remover() = default;
 
     // Moves each target to the Trash under a free name; what lies inside another target goes along
-    // with it and is not reported by itself.
+    // with it and is not reported by itself, or goes by itself where that one cannot go.
     virtual RemovalReport recycle(const std::vector<RemovalTarget>& targets) = 0;
 
     // Deletes each target outright, folders with all they hold. Of a folder that cannot go whole,
